@@ -1,0 +1,178 @@
+/* rvngenmx.h - small, fast linear transforms for signal processing.
+ *
+ * Every transform of a fixed length is one exported function, a kernel: straight-line scalar
+ * arithmetic, no table, no state, no allocation. A dispatcher per family takes the length at run
+ * time. The header is C99 and C++.
+ *
+ * A complete program, the spectrum of eight complex samples:
+ *
+ *     #include <rvngenmx.h>
+ *     #include <stdio.h>
+ *
+ *     int main(void)
+ *     {
+ *         const Rvn64fc x[8] = {{1, 0}, {0, 1}, {-1, 0}, {0, -1}, {1, 0}, {0, 1}, {-1, 0}, {0,
+ * -1}}; Rvn64fc X[8]; if (rvngDFTFwd_CToC_8_64fc(x, X, RvnScaleFwdByN) != RvnStatusNoError) return
+ * 1; for (int k = 0; k < 8; ++k) printf("X[%d] = %+.3f %+.3fi\n", k, X[k].re, X[k].im);   // X[2]
+ * is 1, the others 0 return 0;
+ *     }
+ *
+ * Conventions of every function below
+ *
+ *   Names       rvng<Transform>_<length>_<element> is a kernel, without the length a dispatcher.
+ *   Elements    32f, 64f: one IEEE-754 binary32 or binary64 value; 32fc, 64fc: a pair of them, real
+ *               part first. Arrays are plain and contiguous.
+ *   Statuses    In this order of precedence: a dispatcher returns RvnStatusSizeError for a length
+ *               out of range; a kernel returns RvnStatusNullPointer for a null src, then for a null
+ *               dst, then RvnStatusFlagError for a flag other than 1, 2, 4, 8; else
+ *               RvnStatusNoError. A refused call has read and written nothing. Values are never
+ *               tested: NaN and infinity run through the arithmetic.
+ *   Aliasing    A kernel finishes all reads before its first write: src and dst may be equal or
+ *               overlap in any way. No alignment is needed, not even that of an element.
+ *   Threads     Kernels and dispatchers are pure functions of their arguments; they neither read
+ *               nor change the floating-point environment.
+ *   Stack       A kernel uses its stack frame and nothing else, at most 8 KiB.
+ *
+ * The scale factor S that a flag selects, N the length:
+ *
+ *                            RvnScaleFwdByN  RvnScaleInvByN  RvnScaleBySqrtN  RvnScaleNone
+ *                                         1               2                4             8
+ *     rvngDFTFwd_...                    1/N               1        1/sqrt(N)             1
+ *     rvngDFTInv_...                      1             1/N        1/sqrt(N)             1
+ *
+ * A forward call followed by an inverse call with the same flag returns the input for flags 1, 2
+ * and 4, and N times the input for flag 8.
+ */
+#ifndef RVNGENMX_H
+#define RVNGENMX_H
+
+#include <stdint.h>
+
+#ifdef __cplusplus
+extern "C" {
+#endif
+
+#if defined(__GNUC__)
+#define RVNG_API __attribute__((visibility("default")))
+#else
+#define RVNG_API
+#endif
+
+/* ---- Types ---------------------------------------------------------------------------------- */
+
+/* One complex number, laid out like the C types float _Complex and double _Complex. */
+typedef struct Rvn32fc {
+    float re;
+    float im;
+} Rvn32fc;
+
+typedef struct Rvn64fc {
+    double re;
+    double im;
+} Rvn64fc;
+
+/* The result of a call. A plain integer with enumerators beside it, so that any value a caller
+ * passes or compares is well defined in C and in C++. */
+typedef int32_t RvnStatus;
+enum {
+    RvnStatusNoError = 0,      /* the transform was carried out */
+    RvnStatusSizeError = -6,   /* a length is outside the family's range; dispatchers only */
+    RvnStatusNullPointer = -8, /* src or dst is null */
+    RvnStatusFlagError = -16   /* the flag is none of 1, 2, 4, 8 */
+};
+
+/* Where the factor 1/N goes; see the table above. Plain values and not bits: 3 is invalid. */
+typedef int32_t RvnScaleFlag;
+enum {
+    RvnScaleFwdByN = 1,  /* the forward transform carries 1/N */
+    RvnScaleInvByN = 2,  /* the inverse transform carries 1/N */
+    RvnScaleBySqrtN = 4, /* both directions carry 1/sqrt(N) */
+    RvnScaleNone = 8     /* no factor in either direction */
+};
+
+/* ---- Version -------------------------------------------------------------------------------- */
+
+typedef struct RvnLibraryVersion {
+    int32_t major;
+    int32_t minor;
+    int32_t majorBuild;
+    int32_t build;
+    char targetCode[4];    /* "mx", filled with zeros */
+    const char* name;      /* file name and soname of the library */
+    const char* version;   /* for people */
+    const char* buildDate; /* for people */
+} RvnLibraryVersion;
+
+/* Returns the library's constant version record: the same address at every call, owned by the
+ * library. Cannot fail. */
+RVNG_API const RvnLibraryVersion* rvngenGetLibVersion(void);
+
+/* ---- Declaring one function for every length ------------------------------------------------ */
+
+/* RVNG_LENGTHS_2_TO_64(M, a, b, c) is M(2, a, b, c) M(3, a, b, c) ... M(64, a, b, c). */
+#define RVNG_LENGTHS_2_TO_64(M, a, b, c)                                                           \
+    M(2, a, b, c)                                                                                  \
+    M(3, a, b, c) M(4, a, b, c) M(5, a, b, c) M(6, a, b, c) M(7, a, b, c) M(8, a, b, c)            \
+        M(9, a, b, c) M(10, a, b, c) M(11, a, b, c) M(12, a, b, c) M(13, a, b, c) M(14, a, b, c)   \
+            M(15, a, b, c) M(16, a, b, c) M(17, a, b, c) M(18, a, b, c) M(19, a, b, c)             \
+                M(20, a, b, c) M(21, a, b, c) M(22, a, b, c) M(23, a, b, c) M(24, a, b, c)         \
+                    M(25, a, b, c) M(26, a, b, c) M(27, a, b, c) M(28, a, b, c) M(29, a, b, c)     \
+                        M(30, a, b, c) M(31, a, b, c) M(32, a, b, c) M(33, a, b, c) M(34, a, b, c) \
+                            M(35, a, b, c) M(36, a, b, c) M(37, a, b, c) M(38, a, b, c)            \
+                                M(39, a, b, c) M(40, a, b, c) M(41, a, b, c) M(42, a, b, c)        \
+                                    M(43, a, b, c) M(44, a, b, c) M(45, a, b, c) M(46, a, b, c)    \
+                                        M(47, a, b, c) M(48, a, b, c) M(49, a, b, c)               \
+                                            M(50, a, b, c) M(51, a, b, c) M(52, a, b, c)           \
+                                                M(53, a, b, c) M(54, a, b, c) M(55, a, b, c)       \
+                                                    M(56, a, b, c) M(57, a, b, c) M(58, a, b, c)   \
+                                                        M(59, a, b, c) M(60, a, b, c)              \
+                                                            M(61, a, b, c) M(62, a, b, c)          \
+                                                                M(63, a, b, c) M(64, a, b, c)
+
+#define RVNG_DECLARE_KERNEL(N, transform, suffix, element)                                         \
+    RVNG_API RvnStatus transform##_##N##_##suffix(const element* src, element* dst,                \
+                                                  RvnScaleFlag flag);
+
+/* ---- Complex DFT ---------------------------------------------------------------------------- */
+
+/* Discrete Fourier transform of N complex numbers, with W = exp(-2 pi i / N), k and n from 0 to
+ * N - 1:
+ *
+ *     forward    dst[k] = S * sum over n of src[n] * W^(n k)
+ *     inverse    dst[n] = S * sum over k of src[k] * W^(-n k)
+ *
+ * src and dst hold N elements each. Sizes, statuses, aliasing, threads: see the top of this file.
+ *
+ * The arithmetic of a length is fixed: direct for 2, 3, 5, 7; Cooley and Tukey 1965 for the other
+ * prime powers; Good 1958 and Thomas 1963 for coprime factors; Rader 1968 for primes from 11. In
+ * 32fc each expression with constants is evaluated in binary64 and rounded once. The inverse is
+ * the forward transform with real and imaginary parts exchanged on both sides.
+ */
+
+/* The dispatchers: the kernel of length len, 2 to 64; RvnStatusSizeError outside that range, before
+ * anything else is looked at. They call the kernel by its exported name, so that an interposed
+ * kernel is found. */
+RVNG_API RvnStatus rvngDFTFwd_CToC_32fc(const Rvn32fc* src, Rvn32fc* dst, int32_t len,
+                                        RvnScaleFlag flag);
+RVNG_API RvnStatus rvngDFTFwd_CToC_64fc(const Rvn64fc* src, Rvn64fc* dst, int32_t len,
+                                        RvnScaleFlag flag);
+RVNG_API RvnStatus rvngDFTInv_CToC_32fc(const Rvn32fc* src, Rvn32fc* dst, int32_t len,
+                                        RvnScaleFlag flag);
+RVNG_API RvnStatus rvngDFTInv_CToC_64fc(const Rvn64fc* src, Rvn64fc* dst, int32_t len,
+                                        RvnScaleFlag flag);
+
+/* The kernels:  RvnStatus rvngDFTFwd_CToC_<N>_32fc(const Rvn32fc *src, Rvn32fc *dst,
+ *                                                  RvnScaleFlag flag);
+ * and the like with Inv, with 64fc and Rvn64fc, for every N from 2 to 64. */
+RVNG_LENGTHS_2_TO_64(RVNG_DECLARE_KERNEL, rvngDFTFwd_CToC, 32fc, Rvn32fc)
+RVNG_LENGTHS_2_TO_64(RVNG_DECLARE_KERNEL, rvngDFTFwd_CToC, 64fc, Rvn64fc)
+RVNG_LENGTHS_2_TO_64(RVNG_DECLARE_KERNEL, rvngDFTInv_CToC, 32fc, Rvn32fc)
+RVNG_LENGTHS_2_TO_64(RVNG_DECLARE_KERNEL, rvngDFTInv_CToC, 64fc, Rvn64fc)
+
+#undef RVNG_DECLARE_KERNEL
+
+#ifdef __cplusplus
+}
+#endif
+
+#endif

@@ -1,0 +1,73 @@
+// The real DFT by its definition, for 2 and for odd primes. With t[j] = x[j] + x[N-j] and
+// u[j] = x[j] - x[N-j], j and k from 1 to (N-1)/2:
+//   R(0) = x[0] + sum of t[j]
+//   R(k) = x[0] + sum over j of cos(2 pi j k / N) t[j]
+//   I(k) =      - sum over j of sin(2 pi j k / N) u[j]
+// and the inverse from doubled bins (r, s):
+//   y[0] = R(0) + sum of r(k)
+//   A[n] = R(0) + sum over k of cos(2 pi n k / N) r(k),  B[n] = sum over k of sin(2 pi n k / N)
+//   s(k) y[n] = A[n] - B[n],  y[N-n] = A[n] + B[n].
+
+#include "dft_real/builders.h"
+
+#include "kernelgen/roots.h"
+
+namespace rvn::dft_real
+{
+
+using namespace kernelgen;
+
+HalfSpectrum directForward(ValuesView x)
+{
+    const int N = static_cast<int>(x.size());
+    HalfSpectrum X(N);
+    if (N == 2) {
+        X.bins = {{x[0] + x[1], {}}, {x[0] - x[1], {}}};
+        return X;
+    }
+    const int half = (N - 1) / 2;
+    Values t(half + 1);
+    Values u(half + 1);
+    for (int j = 1; j <= half; ++j) {
+        t[j] = x[j] + x[N - j];
+        u[j] = x[j] - x[N - j];
+    }
+    X.bins[0].re = x[0];
+    for (int j = 1; j <= half; ++j)
+        X.bins[0].re = X.bins[0].re + t[j];
+    for (int k = 1; k <= half; ++k) {
+        Value R = x[0] + cosine(k, N) * t[1];
+        Value I = -(sine(k, N) * u[1]);
+        for (int j = 2; j <= half; ++j) {
+            R = R + cosine(j * k, N) * t[j];
+            I = I - sine(j * k, N) * u[j];
+        }
+        X.bins[k] = {R, I};
+    }
+    return X;
+}
+
+Values directInverse(const HalfSpectrum& X)
+{
+    const int N = X.length;
+    if (N == 2)
+        return {X.bins[0].re + X.bins[1].re, X.bins[0].re - X.bins[1].re};
+    const int half = (N - 1) / 2;
+    Values y(N);
+    y[0] = X.bins[0].re;
+    for (int k = 1; k <= half; ++k)
+        y[0] = y[0] + X.bins[k].re;
+    for (int n = 1; n <= half; ++n) {
+        Value A = X.bins[0].re + cosine(n, N) * X.bins[1].re;
+        Value B = sine(n, N) * X.bins[1].im;
+        for (int k = 2; k <= half; ++k) {
+            A = A + cosine(n * k, N) * X.bins[k].re;
+            B = B + sine(n * k, N) * X.bins[k].im;
+        }
+        y[n] = A - B;
+        y[N - n] = A + B;
+    }
+    return y;
+}
+
+} // namespace rvn::dft_real

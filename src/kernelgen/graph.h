@@ -1,0 +1,45 @@
+// The expression graph of one transform: loads, additions, subtractions and products by positive
+// constants, in an order in which every node stands behind its operands.
+//
+// A graph is plain data. Builders make it through GraphBuilder; passes take it and return a value.
+#pragma once
+
+#include <array>
+#include <cstddef>
+#include <cstdint>
+#include <span>
+#include <vector>
+
+namespace rvn::kernelgen
+{
+
+enum class Op : std::uint8_t { Load, Add, Subtract, Multiply };
+
+struct Node {
+    Op op = Op::Load;
+    std::array<int, 2> operand = {}; // the nodes it works on: two of a sum, one of a product
+    int input = -1;                  // Load: the index of the input scalar
+    double constant = 0;             // Multiply: the other factor, above zero
+};
+
+// An output scalar: a node, with the sign that is still to be applied.
+struct Output {
+    int node;
+    bool negated;
+};
+
+struct Graph {
+    std::vector<Node> nodes;
+    std::vector<Output> outputs; // by the index of the output scalar
+};
+
+inline std::span<const int> operands(const Node& node)
+{
+    static constexpr std::array<std::size_t, 4> operandCount = {0, 2, 2, 1}; // by Op
+    return {node.operand.data(), operandCount[static_cast<std::size_t>(node.op)]};
+}
+
+// How often each node is used, as an operand or as an output.
+std::vector<int> useCounts(const Graph& graph);
+
+} // namespace rvn::kernelgen

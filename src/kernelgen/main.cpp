@@ -1,0 +1,45 @@
+// rvnkernelgen: writes the kernels, or reports on them.
+//
+//   rvnkernelgen --out DIR    writes every kernel below DIR, a folder a family
+//   rvnkernelgen --report     prints the plans with the counts of their graphs
+//
+// It stops with a message and status 1 when a graph does not have the counts of its plan.
+
+#include "dft_complex/kernels.h"
+
+#include <exception>
+#include <iostream>
+#include <string>
+#include <vector>
+
+namespace
+{
+
+void writeKernels(const std::filesystem::path& folder)
+{
+    using namespace rvn;
+    for (const dft_complex::ComplexPlan& plan : dft_complex::complexPlans())
+        kernelgen::writeFile(folder / "dft_complex", dft_complex::kernelFile(plan));
+}
+
+} // namespace
+
+int main(int argc, char** argv)
+{
+    const std::vector<std::string> arguments(argv + 1, argv + argc);
+    try {
+        if (arguments.size() == 2 && arguments[0] == "--out") {
+            writeKernels(arguments[1]);
+            return 0;
+        }
+        if (arguments.size() == 1 && arguments[0] == "--report") {
+            std::cout << rvn::dft_complex::report();
+            return 0;
+        }
+    } catch (const std::exception& error) {
+        std::cerr << "rvnkernelgen: " << error.what() << "\n";
+        return 1;
+    }
+    std::cerr << "usage: rvnkernelgen --out DIR | --report\n";
+    return 2;
+}

@@ -1,0 +1,46 @@
+#include "kernelgen/precision.h"
+
+#include <algorithm>
+
+namespace rvn::kernelgen
+{
+
+using enum Format;
+
+std::vector<NodeFormat> assignFormats(const Graph& graph, Format element)
+{
+    if (element == Binary64)
+        return {graph.nodes.size(), {Binary64, Binary64}};
+    const std::vector<int> uses = useCounts(graph);
+    std::vector<bool> isOutput(graph.nodes.size());
+    for (const Output& output : graph.outputs)
+        isOutput[output.node] = true;
+
+    std::vector<NodeFormat> formats;
+    for (std::size_t i = 0; i < graph.nodes.size(); ++i) {
+        const Node& node = graph.nodes[i];
+        const bool isExpression =
+            node.op == Op::Multiply || std::ranges::any_of(operands(node), [&](int operand) {
+                return formats[operand].held == Binary64;
+            });
+        const bool endsHere = uses[i] > 1 || isOutput[i];
+        formats.push_back(
+            {isExpression ? Binary64 : Binary32, isExpression && !endsHere ? Binary64 : Binary32});
+    }
+    return formats;
+}
+
+Conversions countConversions(const Graph& graph, const std::vector<NodeFormat>& formats)
+{
+    Conversions conversions;
+    for (std::size_t i = 0; i < graph.nodes.size(); ++i) {
+        if (formats[i].computed == Binary32)
+            continue;
+        conversions.roundings += formats[i].held == Binary32;
+        for (const int operand : operands(graph.nodes[i]))
+            conversions.widenings += formats[operand].held == Binary32;
+    }
+    return conversions;
+}
+
+} // namespace rvn::kernelgen

@@ -1,0 +1,27 @@
+// The order of a kernel's text.
+//
+// Construction order is a good one: builders form each sub-transform whole and its twiddles right
+// behind it, which keeps few values live. Each input is loaded right before its first use. Stores
+// wait until the last load, since src and dst may overlap; then every output is stored as soon as
+// it exists.
+#pragma once
+
+#include "kernelgen/graph.h"
+
+namespace rvn::kernelgen
+{
+
+struct Step {
+    enum class Kind : std::uint8_t { Load, Compute, Store };
+    Kind kind;
+    int index; // of a node, or of an output for a store
+};
+
+using Schedule = std::vector<Step>;
+
+Schedule constructionOrder(const Graph& graph);
+
+// The most values that are live at once.
+int peakLive(const Graph& graph, const Schedule& schedule);
+
+} // namespace rvn::kernelgen

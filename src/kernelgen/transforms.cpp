@@ -1,0 +1,75 @@
+#include "kernelgen/transforms.h"
+
+#include "kernelgen/roots.h"
+
+namespace rvn::kernelgen
+{
+
+ComplexValue operator+(ComplexValue x, ComplexValue y)
+{
+    return {x.re + y.re, x.im + y.im};
+}
+
+ComplexValue operator-(ComplexValue x, ComplexValue y)
+{
+    return {x.re - y.re, x.im - y.im};
+}
+
+ComplexValue conjugate(ComplexValue x)
+{
+    return {x.re, -x.im};
+}
+
+ComplexValue timesI(ComplexValue x)
+{
+    return {-x.im, x.re};
+}
+
+ComplexValue timesMinusI(ComplexValue x)
+{
+    return {x.im, -x.re};
+}
+
+ComplexValue multiply(ComplexValue x, double re, double im)
+{
+    // Named, since the order in which nodes come to be is the order of the kernel's text.
+    const Value p = re * x.re;
+    const Value q = im * x.im;
+    const Value u = re * x.im;
+    const Value v = im * x.re;
+    return {p - q, u + v};
+}
+
+ComplexValue twiddle(ComplexValue x, long exponent, long length)
+{
+    const long e = (exponent % length + length) % length;
+    if (4 * e % length == 0) {
+        for (long quarter = 0; quarter < 4 * e / length; ++quarter)
+            x = timesMinusI(x);
+        return x;
+    }
+    if (8 * e % length == 0) { // (1 - i)/sqrt 2, turned by quarters
+        const double c = cosine(1, 8);
+        const Value p = c * x.re;
+        const Value q = c * x.im;
+        return twiddle({p + q, q - p}, e - length / 8, length);
+    }
+    return multiply(x, cosine(e, length), -sine(e, length));
+}
+
+ComplexValue HalfSpectrum::at(int k) const
+{
+    k %= length;
+    return 2 * k <= length ? bins[k] : conjugate(bins[length - k]);
+}
+
+void HalfSpectrum::set(int k, ComplexValue x)
+{
+    k %= length;
+    if (2 * k <= length)
+        bins[k] = x;
+    else
+        bins[length - k] = conjugate(x);
+}
+
+} // namespace rvn::kernelgen
