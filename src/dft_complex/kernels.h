@@ -3,6 +3,7 @@
 
 #include "dft_complex/plans.h"
 #include "kernelgen/files.h"
+#include "kernelgen/precision.h"
 
 namespace rvn::dft_complex
 {
@@ -11,8 +12,8 @@ namespace rvn::dft_complex
 // 2n and 2n + 1. Throws std::runtime_error when its operation counts differ from the plan's.
 kernelgen::Graph complexGraph(const ComplexPlan& plan);
 
-// One file a length, with the forward and inverse kernels in both precisions.
-kernelgen::GeneratedFile kernelFile(const ComplexPlan& plan);
+// One file a length and precision, with the forward and the inverse kernel.
+kernelgen::GeneratedFile kernelFile(const ComplexPlan& plan, kernelgen::Format format);
 
 // A line a length: the table's counts, the graph's, and what a kernel costs in registers and
 // conversions. Throws as complexGraph does.

@@ -19,7 +19,8 @@ void writeKernels(const std::filesystem::path& folder)
 {
     using namespace rvn;
     for (const dft_complex::ComplexPlan& plan : dft_complex::complexPlans())
-        kernelgen::writeFile(folder / "dft_complex", dft_complex::kernelFile(plan));
+        for (const auto format : {kernelgen::Format::Binary32, kernelgen::Format::Binary64})
+            kernelgen::writeFile(folder / "dft_complex", dft_complex::kernelFile(plan, format));
 }
 
 } // namespace
