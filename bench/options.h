@@ -1,0 +1,38 @@
+// What one run of the benchmark measures, and how it is asked for on the command line.
+//
+// tools/bench refuses what is malformed before it builds anything; parseOptions refuses it once
+// more, for whoever runs the program itself.
+#pragma once
+
+#include <span>
+#include <string>
+#include <vector>
+
+namespace rvn::bench
+{
+
+constexpr int shortestLength = 2;
+constexpr int longestLength = 64;
+
+enum class Precision { Single, Double };   // elements 32fc, 64fc
+enum class Direction { Forward, Inverse }; // rvngDFTFwd_CToC, rvngDFTInv_CToC
+enum class Placement {
+    OutOfPlace,
+    InPlace
+}; // where the spectrum goes: a second array or the first
+
+struct Options {
+    std::vector<int> lengths; // ascending
+    std::vector<Precision> precisions = {Precision::Double, Precision::Single};
+    Direction direction = Direction::Forward;
+    Placement placement = Placement::OutOfPlace;
+    int repetitions = 31;
+    double seconds = 0.008;              // the time that a repetition takes, about
+    std::vector<double> limits = {0.90}; // ratios below these are listed
+    std::string output;                  // folder of the data files; empty: none are written
+};
+
+// Throws std::invalid_argument, with one line that names the option at fault.
+Options parseOptions(std::span<char* const> arguments);
+
+} // namespace rvn::bench

@@ -1,0 +1,62 @@
+# Three plots of one data file of rvngenmx_bench: the ratios, the times and the errors by length.
+#
+#     gnuplot -c plots.gnuplot <data file> <title> <stem of the PNG files>
+#
+# Columns: N; P + 1 times, ours first; P ratios; P + 1 errors, ours first; P is the number of peers.
+
+data = ARG1
+title = ARG2
+stem = ARG3
+
+stats data using 1 skip 3 nooutput # two comments and the names
+peers = (STATS_columns - 3) / 3
+firstTime = 2
+firstRatio = firstTime + peers + 1
+firstError = firstRatio + peers
+
+set terminal pngcairo size 1400,700 font "DejaVu Sans,12" noenhanced background "white"
+set xlabel "length N"
+set xrange [1:65]
+set xtics 2,2 nomirror
+set mxtics 2
+set ytics nomirror
+set grid xtics ytics mytics linecolor "#dddddd" linetype 1, linecolor "#eeeeee" linetype 1
+set border 3 linecolor "#666666"
+set tics textcolor "#000000"
+set key outside top center horizontal
+
+# One colour a contender in all plots: ours, FFTW scalar, FFTW SIMD, KissFFT.
+set linetype 1 linecolor "#000000" linewidth 2 pointtype 7 pointsize 0.8
+set linetype 2 linecolor "#0072b2" linewidth 2 pointtype 5 pointsize 0.8
+set linetype 3 linecolor "#d55e00" linewidth 2 pointtype 9 pointsize 0.9
+set linetype 4 linecolor "#009e73" linewidth 2 pointtype 13 pointsize 1.0
+
+set output stem . "_ratio.png"
+set title title . "\ntimes as fast as the peer: its time over ours"
+set ylabel "ratio, higher is better for ours"
+set logscale y 2
+set format y "%g"
+set ytics (0.01, 0.02, 0.05, 0.1, 0.2, 0.3, 0.4, 0.5, 0.6, 0.8, 1, 1.2, 1.5, 2, 3, 4, 5, 7, \
+           10, 15, 20, 30, 50)
+set yrange [* < 0.8 : 1.2 < *]
+plot 1 with lines linecolor "#000000" linewidth 2 dashtype 2 title "equal", \
+    for [i = 0 : peers - 1] data using 1:(column(firstRatio + i)) \
+    with linespoints linetype i + 2 title columnheader(firstRatio + i)
+
+set output stem . "_time.png"
+set title title . "\ntime of one call"
+set ylabel "nanoseconds, lower is better"
+set ytics autofreq
+set yrange [*:*]
+set logscale y 10
+plot for [i = 0 : peers] data using 1:(column(firstTime + i)) \
+    with linespoints linetype i + 1 title columnheader(firstTime + i)
+
+set output stem . "_error.png"
+set title title . "\nrelative rms error on random input"
+set ylabel "error, lower is better"
+unset logscale y
+set format y "%.1e"
+set yrange [0:*]
+plot for [i = 0 : peers] data using 1:(column(firstError + i)) \
+    with linespoints linetype i + 1 title columnheader(firstError + i)
