@@ -1,0 +1,143 @@
+// peaks.cpp - local maxima of the mean spectrum, each fitted with the response of a single tone.
+//
+// With H the window's response and f in bins, a complex tone a exp(...) leaves |a| |H(k - f)| in
+// bin k. A real tone, seen from the frame's centre, is A cos(phase) times an even plus A sin(phase)
+// times an odd part, which leave in bin k
+//
+//     A cos(phase) (H(k - f) + H(k + f)) / 2    in its real part,
+//     A sin(phase) (H(k - f) - H(k + f)) / 2    in its imaginary part.
+//
+// Summing the squares of the two parts apart over the frames keeps these patterns as they are, the
+// phases only weigh them. So the f whose patterns fit best the three bins about a maximum, in the
+// sense of least squares, is exact for a lone tone and frames of three or more samples, even where
+// the tone meets its own image near zero and near half the sample rate. A lone complex tone's two
+// largest bins alone would do (Grandke 1983); the image is what asks for the fit.
+#include "peaks.h"
+
+#include "frames.h"
+
+#include <algorithm>
+#include <cmath>
+#include <functional>
+#include <utility>
+
+namespace spectrogram
+{
+namespace
+{
+
+constexpr double weakestPeak = 1e-6; // of the strongest one's power
+
+// Least squares of measured magnitudes against a pattern.
+struct Match {
+    double product = 0; // sum of magnitude times |pattern|
+    double square = 0;  // sum of pattern^2
+
+    void add(double power, double pattern)
+    {
+        product += std::sqrt(std::max(power, 0.0)) * std::abs(pattern);
+        square += pattern * pattern;
+    }
+    bool visible() const { return square > 1e-6; }
+    double amplitude() const { return visible() ? product / square : 0; }
+    double explained() const { return visible() ? product * product / square : 0; }
+};
+
+class ToneFit
+{
+public:
+    ToneFit(const Panel& panel, int length, bool complexSignal)
+        : panel_(panel), length_(length), complexSignal_(complexSignal)
+    {
+    }
+
+    // Bins repeat with the length; those of a real channel are mirrored as well.
+    std::size_t index(int bin) const
+    {
+        const int k = ((bin % length_) + length_) % length_;
+        return static_cast<std::size_t>(complexSignal_ || k <= length_ / 2 ? k : length_ - k);
+    }
+
+    double power(int bin) const { return panel_.power[index(bin)]; }
+
+    // How much of the power about a bin a tone at f explains, and that tone's amplitude.
+    std::pair<double, double> at(int bin, double f) const
+    {
+        Match whole, even, odd;
+        for (int k = bin - 1; k <= bin + 1; ++k) {
+            const double tone = hannResponse(length_, k - f);
+            if (complexSignal_) {
+                whole.add(power(k), tone);
+                continue;
+            }
+            const double image = hannResponse(length_, k + f);
+            const double evenPower = panel_.evenPower[index(k)];
+            even.add(evenPower, (tone + image) / 2);
+            odd.add(power(k) - evenPower, (tone - image) / 2);
+        }
+        if (complexSignal_)
+            return {whole.explained(), whole.amplitude()};
+        return {even.explained() + odd.explained(), std::hypot(even.amplitude(), odd.amplitude())};
+    }
+
+    // The f within a bin of the maximum that explains most: a search on ever finer grids. Two bins
+    // cannot tell: there the maximum itself is returned.
+    double refine(int bin) const
+    {
+        double best = bin;
+        if (length_ == 2)
+            return best;
+        for (double step = 0.1; step > 1e-7; step /= 10) {
+            const double middle = best;
+            double most = -1;
+            for (int i = -10; i <= 10; ++i) {
+                double f = middle + i * step;
+                if (!complexSignal_)
+                    f = std::clamp(f, 0.0, length_ / 2.0);
+                if (const double explained = at(bin, f).first; explained > most) {
+                    most = explained;
+                    best = f;
+                }
+            }
+        }
+        return best;
+    }
+
+private:
+    const Panel& panel_;
+    int length_;
+    bool complexSignal_;
+};
+
+} // namespace
+
+std::vector<Peak> strongestPeaks(const Analysis& analysis, const Panel& panel, int mostPeaks)
+{
+    const int length = analysis.length;
+    const ToneFit fit(panel, length, analysis.iq);
+    const int lowest = analysis.iq ? -(length / 2) : 0;
+    const int highest = analysis.iq ? lowest + length - 1 : length / 2;
+
+    std::vector<int> maxima;
+    for (int k = lowest; k <= highest; ++k)
+        if (fit.power(k) > 0 && fit.power(k) >= fit.power(k + 1) &&
+            (fit.power(k) > fit.power(k - 1) || (k == lowest && !analysis.iq)))
+            maxima.push_back(k);
+    std::ranges::sort(maxima, std::greater<>(), [&](int k) { return fit.power(k); });
+    const double weakest = maxima.empty() ? 0 : weakestPeak * fit.power(maxima.front());
+    std::erase_if(maxima, [&](int k) { return fit.power(k) <= weakest; });
+    if (maxima.size() > static_cast<std::size_t>(mostPeaks))
+        maxima.resize(static_cast<std::size_t>(mostPeaks));
+
+    std::vector<Peak> peaks;
+    for (const int k : maxima) {
+        double f = fit.refine(k);
+        if (analysis.iq)
+            f -= length * std::floor(f / length + 0.5);
+        peaks.push_back({f * analysis.sampleRate / length, fit.at(k, f).second});
+    }
+    std::ranges::sort(peaks, std::greater<>(), &Peak::amplitude);
+    return peaks;
+}
+
+} // namespace spectrogram

@@ -1,0 +1,16 @@
+// report.h - what the program prints.
+#ifndef SPECTROGRAM_REPORT_H
+#define SPECTROGRAM_REPORT_H
+
+#include "analysis.h"
+#include "canvas.h"
+
+namespace spectrogram
+{
+
+// Prints the analysis on standard output; throws Failure if that does not take it.
+void printReport(const Options& options, const Analysis& analysis, const Canvas& picture);
+
+} // namespace spectrogram
+
+#endif
