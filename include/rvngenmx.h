@@ -110,24 +110,20 @@ RVNG_API const RvnLibraryVersion* rvngenGetLibVersion(void);
 /* ---- Declaring one function for every length ------------------------------------------------ */
 
 /* RVNG_LENGTHS_2_TO_64(M, a, b, c) is M(2, a, b, c) M(3, a, b, c) ... M(64, a, b, c). */
+/* clang-format off */
 #define RVNG_LENGTHS_2_TO_64(M, a, b, c)                                                           \
-    M(2, a, b, c)                                                                                  \
-    M(3, a, b, c) M(4, a, b, c) M(5, a, b, c) M(6, a, b, c) M(7, a, b, c) M(8, a, b, c)            \
-        M(9, a, b, c) M(10, a, b, c) M(11, a, b, c) M(12, a, b, c) M(13, a, b, c) M(14, a, b, c)   \
-            M(15, a, b, c) M(16, a, b, c) M(17, a, b, c) M(18, a, b, c) M(19, a, b, c)             \
-                M(20, a, b, c) M(21, a, b, c) M(22, a, b, c) M(23, a, b, c) M(24, a, b, c)         \
-                    M(25, a, b, c) M(26, a, b, c) M(27, a, b, c) M(28, a, b, c) M(29, a, b, c)     \
-                        M(30, a, b, c) M(31, a, b, c) M(32, a, b, c) M(33, a, b, c) M(34, a, b, c) \
-                            M(35, a, b, c) M(36, a, b, c) M(37, a, b, c) M(38, a, b, c)            \
-                                M(39, a, b, c) M(40, a, b, c) M(41, a, b, c) M(42, a, b, c)        \
-                                    M(43, a, b, c) M(44, a, b, c) M(45, a, b, c) M(46, a, b, c)    \
-                                        M(47, a, b, c) M(48, a, b, c) M(49, a, b, c)               \
-                                            M(50, a, b, c) M(51, a, b, c) M(52, a, b, c)           \
-                                                M(53, a, b, c) M(54, a, b, c) M(55, a, b, c)       \
-                                                    M(56, a, b, c) M(57, a, b, c) M(58, a, b, c)   \
-                                                        M(59, a, b, c) M(60, a, b, c)              \
-                                                            M(61, a, b, c) M(62, a, b, c)          \
-                                                                M(63, a, b, c) M(64, a, b, c)
+    M(2, a, b, c) M(3, a, b, c) M(4, a, b, c) M(5, a, b, c) M(6, a, b, c) M(7, a, b, c)            \
+    M(8, a, b, c) M(9, a, b, c) M(10, a, b, c) M(11, a, b, c) M(12, a, b, c) M(13, a, b, c)        \
+    M(14, a, b, c) M(15, a, b, c) M(16, a, b, c) M(17, a, b, c) M(18, a, b, c) M(19, a, b, c)      \
+    M(20, a, b, c) M(21, a, b, c) M(22, a, b, c) M(23, a, b, c) M(24, a, b, c) M(25, a, b, c)      \
+    M(26, a, b, c) M(27, a, b, c) M(28, a, b, c) M(29, a, b, c) M(30, a, b, c) M(31, a, b, c)      \
+    M(32, a, b, c) M(33, a, b, c) M(34, a, b, c) M(35, a, b, c) M(36, a, b, c) M(37, a, b, c)      \
+    M(38, a, b, c) M(39, a, b, c) M(40, a, b, c) M(41, a, b, c) M(42, a, b, c) M(43, a, b, c)      \
+    M(44, a, b, c) M(45, a, b, c) M(46, a, b, c) M(47, a, b, c) M(48, a, b, c) M(49, a, b, c)      \
+    M(50, a, b, c) M(51, a, b, c) M(52, a, b, c) M(53, a, b, c) M(54, a, b, c) M(55, a, b, c)      \
+    M(56, a, b, c) M(57, a, b, c) M(58, a, b, c) M(59, a, b, c) M(60, a, b, c) M(61, a, b, c)      \
+    M(62, a, b, c) M(63, a, b, c) M(64, a, b, c)
+/* clang-format on */
 
 #define RVNG_DECLARE_KERNEL(N, transform, suffix, element)                                         \
     RVNG_API RvnStatus transform##_##N##_##suffix(const element* src, element* dst,                \
