@@ -4,17 +4,20 @@
  * arithmetic, no table, no state, no allocation. A dispatcher per family takes the length at run
  * time. The header is C99 and C++.
  *
- * A complete program, the spectrum of eight complex samples:
+ * A complete program, the spectrum of four complex samples:
  *
  *     #include <rvngenmx.h>
  *     #include <stdio.h>
  *
  *     int main(void)
  *     {
- *         const Rvn64fc x[8] = {{1, 0}, {0, 1}, {-1, 0}, {0, -1}, {1, 0}, {0, 1}, {-1, 0}, {0,
- * -1}}; Rvn64fc X[8]; if (rvngDFTFwd_CToC_8_64fc(x, X, RvnScaleFwdByN) != RvnStatusNoError) return
- * 1; for (int k = 0; k < 8; ++k) printf("X[%d] = %+.3f %+.3fi\n", k, X[k].re, X[k].im);   // X[2]
- * is 1, the others 0 return 0;
+ *         const Rvn64fc x[4] = {{1, 0}, {0, 1}, {-1, 0}, {0, -1}};
+ *         Rvn64fc X[4];
+ *         if (rvngDFTFwd_CToC_4_64fc(x, X, RvnScaleFwdByN) != RvnStatusNoError)
+ *             return 1;
+ *         for (int k = 0; k < 4; ++k)
+ *             printf("X[%d] = %+.3f %+.3fi\n", k, X[k].re, X[k].im);
+ *         return 0; // X[1] was 1, the others 0
  *     }
  *
  * Conventions of every function below
