@@ -30,11 +30,12 @@
  *               dst, then RvnStatusFlagError for a flag other than 1, 2, 4, 8; else
  *               RvnStatusNoError. A refused call has read and written nothing. Values are never
  *               tested: NaN and infinity run through the arithmetic.
- *   Aliasing    A kernel finishes all reads before its first write: src and dst may be equal or
- *               overlap in any way. No alignment is needed, not even that of an element.
+ *   Aliasing    A kernel finishes all reads of src before its first write to dst: they may be equal
+ *               or overlap in any way. No alignment is needed, not even that of an element.
  *   Threads     Kernels and dispatchers are pure functions of their arguments; they neither read
  *               nor change the floating-point environment.
- *   Stack       A kernel uses its stack frame and nothing else, at most 8 KiB.
+ *   Stack       A kernel uses its stack frame and nothing else, at most 8 KiB. (Walsh-Hadamard
+ *               orders 8 to 13 also use work memory; see there.)
  *
  * The scale factor S that a flag selects, N the length:
  *
@@ -42,9 +43,12 @@
  *                                         1               2                4             8
  *     rvngDFTFwd_...                    1/N               1        1/sqrt(N)             1
  *     rvngDFTInv_...                      1             1/N        1/sqrt(N)             1
+ *     rvngWHT_...                       1/N             1/N        1/sqrt(N)             1
  *
- * A forward call followed by an inverse call with the same flag returns the input for flags 1, 2
- * and 4, and N times the input for flag 8.
+ * A forward DFT followed by an inverse one with the same flag returns the input for flags 1, 2 and
+ * 4, and N times the input for flag 8. The Walsh-Hadamard transform is its own inverse up to N:
+ * applied twice, it returns the input for flag 4, N times the input for flag 8, and the input
+ * divided by N for flags 1 and 2.
  */
 #ifndef RVNGENMX_H
 #define RVNGENMX_H
@@ -79,7 +83,7 @@ typedef struct Rvn64fc {
 typedef int32_t RvnStatus;
 enum {
     RvnStatusNoError = 0,      /* the transform was carried out */
-    RvnStatusSizeError = -6,   /* a length is outside the family's range; dispatchers only */
+    RvnStatusSizeError = -6,   /* a length or order is out of range; dispatchers and queries only */
     RvnStatusNullPointer = -8, /* src or dst is null */
     RvnStatusFlagError = -16   /* the flag is none of 1, 2, 4, 8 */
 };
@@ -128,6 +132,14 @@ RVNG_API const RvnLibraryVersion* rvngenGetLibVersion(void);
     M(62, a, b, c) M(63, a, b, c) M(64, a, b, c)
 /* clang-format on */
 
+/* RVNG_ORDERS_1_TO_13(M, a, b, c) is M(1, a, b, c) M(2, a, b, c) ... M(13, a, b, c). */
+/* clang-format off */
+#define RVNG_ORDERS_1_TO_13(M, a, b, c)                                                            \
+    M(1, a, b, c) M(2, a, b, c) M(3, a, b, c) M(4, a, b, c) M(5, a, b, c) M(6, a, b, c)            \
+    M(7, a, b, c) M(8, a, b, c) M(9, a, b, c) M(10, a, b, c) M(11, a, b, c) M(12, a, b, c)         \
+    M(13, a, b, c)
+/* clang-format on */
+
 #define RVNG_DECLARE_KERNEL(N, transform, suffix, element)                                         \
     RVNG_API RvnStatus transform##_##N##_##suffix(const element* src, element* dst,                \
                                                   RvnScaleFlag flag);
@@ -169,6 +181,49 @@ RVNG_LENGTHS_2_TO_64(RVNG_DECLARE_KERNEL, rvngDFTInv_CToC, 32fc, Rvn32fc)
 RVNG_LENGTHS_2_TO_64(RVNG_DECLARE_KERNEL, rvngDFTInv_CToC, 64fc, Rvn64fc)
 
 #undef RVNG_DECLARE_KERNEL
+
+/* ---- Walsh-Hadamard transform --------------------------------------------------------------- */
+
+/* Walsh-Hadamard transform of order k, N = 2^k real numbers, in natural (Hadamard) order, the
+ * Sylvester matrix:
+ *
+ *     dst[i] = S * sum over j of (-1)^(number of ones in the bits of i AND j) * src[j]
+ *
+ * with i and j from 0 to N - 1. src and dst hold N elements each.
+ *
+ * The result is, bit for bit, that of the loop over h = 1, 2, 4, ..., N/2 that replaces each pair
+ * (a[i], a[i + h]) by its sum and its difference, and of one multiplication by S at the end: n N/2
+ * additions, as many subtractions, N multiplications, each rounded to the element type.
+ *
+ * Work memory: orders 1 to 7 need none and ignore `buffer`. Orders 8 to 13 use the number of bytes
+ * that rvngWHTGetBufferSize_32f or _64f tells, at `buffer`, of any alignment and content, which
+ * must overlap neither src nor dst and serves one call at a time; its size is not checked. With a
+ * null buffer they take that memory from rvnMalloc (rvncore.h) for the length of the call. The
+ * result of rvnMalloc is not tested: where memory may run out, pass a buffer.
+ */
+
+/* The dispatchers: the kernel of order `order`, 1 to 13; RvnStatusSizeError outside that range,
+ * before anything else is looked at. */
+RVNG_API RvnStatus rvngWHT_32f(const float* src, float* dst, int32_t order, RvnScaleFlag flag,
+                               void* buffer);
+RVNG_API RvnStatus rvngWHT_64f(const double* src, double* dst, int32_t order, RvnScaleFlag flag,
+                               void* buffer);
+
+/* Writes to *size the bytes of work memory that an order needs: 0 for orders 1 to 7. Returns
+ * RvnStatusSizeError, and writes nothing, for an order outside 1 to 13. The pointer is not tested
+ * for null. */
+RVNG_API RvnStatus rvngWHTGetBufferSize_32f(int32_t order, int32_t* size);
+RVNG_API RvnStatus rvngWHTGetBufferSize_64f(int32_t order, int32_t* size);
+
+/* The kernels:  RvnStatus rvngWHT_<k>_32f(const float* src, float* dst, RvnScaleFlag flag,
+ *                                         void* buffer);
+ * and the like with 64f and double, for every order k from 1 to 13. */
+#define RVNG_DECLARE_WHT_KERNEL(k, suffix, element, unused)                                        \
+    RVNG_API RvnStatus rvngWHT_##k##_##suffix(const element* src, element* dst, RvnScaleFlag flag, \
+                                              void* buffer);
+RVNG_ORDERS_1_TO_13(RVNG_DECLARE_WHT_KERNEL, 32f, float, )
+RVNG_ORDERS_1_TO_13(RVNG_DECLARE_WHT_KERNEL, 64f, double, )
+#undef RVNG_DECLARE_WHT_KERNEL
 
 #ifdef __cplusplus
 }

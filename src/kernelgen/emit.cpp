@@ -37,15 +37,15 @@ const char* typeName(Format format)
 class Text
 {
 public:
-    Text(const Kernel& kernel, const Graph& graph)
-        : kernel_(kernel), graph_(graph), formats_(assignFormats(graph, kernel.format))
+    Text(const Body& body, const Graph& graph)
+        : body_(body), graph_(graph), formats_(assignFormats(graph, body.format))
     {
     }
 
     std::string load(int node) const
     {
-        return "    const " + elementName() + " " + name(node) + " = in[" +
-               std::to_string(kernel_.sourceSlot[graph_.nodes[node].input]) + "];\n";
+        return indent() + "const " + typeName(body_.format) + " " + name(node) + " = in[" +
+               std::to_string(body_.sourceSlot[graph_.nodes[node].input]) + "];\n";
     }
 
     std::string compute(int node) const
@@ -54,27 +54,22 @@ public:
         std::string value = operation(node);
         if (computed != held)
             value = "static_cast<float>(" + value + ")";
-        return std::string("    const ") + typeName(held) + " " + name(node) + " = " + value +
-               ";\n";
+        return indent() + "const " + typeName(held) + " " + name(node) + " = " + value + ";\n";
     }
 
     std::string store(int output) const
     {
         const auto [node, negated] = graph_.outputs[output];
         if (negated)
-            throw std::logic_error(kernel_.name + ": an output has the opposite sign");
-        return "    out[" + std::to_string(kernel_.destinationSlot[output]) + "] = S * " +
-               name(node) + ";\n";
+            throw std::logic_error("output " + std::to_string(output) + " has the opposite sign");
+        return indent() + "out[" + std::to_string(body_.destinationSlot[output]) +
+               "] = " + (body_.isScaled ? "S * " : "") + name(node) + ";\n";
     }
-
-    std::string elementName() const { return typeName(kernel_.format); }
-
-    Conversions conversions() const { return countConversions(graph_, formats_); }
 
 private:
     std::string name(int node) const
     {
-        const bool isWide = formats_[node].held != kernel_.format;
+        const bool isWide = formats_[node].held != body_.format;
         const char* prefix = graph_.nodes[node].op == Op::Load ? "x" : isWide ? "w" : "v";
         return prefix + std::to_string(node);
     }
@@ -95,13 +90,16 @@ private:
         return left + (node.op == Op::Add ? " + " : " - ") + operand(node.operand[1], computed);
     }
 
-    const Kernel& kernel_;
+    std::string indent() const { return std::string(body_.indent, ' '); }
+
+    const Body& body_;
     const Graph& graph_;
     std::vector<NodeFormat> formats_;
 };
 
-std::string statistics(const Graph& graph, const Schedule& schedule, Conversions conversions)
+std::string statistics(const Graph& graph, const Schedule& schedule, Format format)
 {
+    const Conversions conversions = countConversions(graph, assignFormats(graph, format));
     const Counts counts = countOperations(graph);
     std::ostringstream text;
     text << "// " << counts.additions << " additions, " << counts.multiplications
@@ -111,38 +109,6 @@ std::string statistics(const Graph& graph, const Schedule& schedule, Conversions
         text << "; " << conversions.widenings << " widenings, " << conversions.roundings
              << " roundings";
     text << ".\n";
-    return text.str();
-}
-
-std::string prologue(const Kernel& kernel)
-{
-    const std::string type = typeName(kernel.format);
-    const std::string suffix = kernel.format == Format::Binary64 ? "64f" : "32f";
-    const auto factor = [&](double value) { return scaleLiteral(value, kernel.format); };
-    const auto [none, bySqrtN, fwdByN, invByN] = kernel.scale;
-    std::ostringstream text;
-    text << "RvnStatus " << kernel.name << "(const " << kernel.elementType << "* src, "
-         << kernel.elementType << "* dst, RvnScaleFlag flag)\n"
-         << "{\n"
-         << "    if (src == nullptr)\n"
-         << "        return RvnStatusNullPointer;\n"
-         << "    if (dst == nullptr)\n"
-         << "        return RvnStatusNullPointer;\n"
-         << "    " << type << " S;\n"
-         << "    if (flag == RvnScaleNone)\n"
-         << "        S = " << factor(none) << ";\n"
-         << "    else if (flag == RvnScaleBySqrtN)\n"
-         << "        S = " << factor(bySqrtN) << ";\n"
-         << "    else if (flag == RvnScaleFwdByN)\n"
-         << "        S = " << factor(fwdByN) << ";\n"
-         << "    else if (flag == RvnScaleInvByN)\n"
-         << "        S = " << factor(invByN) << ";\n"
-         << "    else\n"
-         << "        return RvnStatusFlagError;\n"
-         << "    const rvn::Scalar" << suffix << "* const in = "
-         << "reinterpret_cast<const rvn::Scalar" << suffix << "*>(src);\n"
-         << "    rvn::Scalar" << suffix << "* const out = "
-         << "reinterpret_cast<rvn::Scalar" << suffix << "*>(dst);\n\n";
     return text.str();
 }
 
@@ -156,13 +122,53 @@ ScaleFactors forwardScale(int length)
 
 ScaleFactors inverseScale(int length)
 {
-    return {1.0, 1.0 / std::sqrt(static_cast<double>(length)), 1.0, 1.0 / length};
+    const auto [none, bySqrtN, byN, one] = forwardScale(length);
+    return {none, bySqrtN, one, byN};
 }
 
-std::string emitKernel(const Kernel& kernel, const Graph& graph, const Schedule& schedule)
+ScaleFactors selfInverseScale(int length)
 {
-    const Text text(kernel, graph);
-    std::string source = statistics(graph, schedule, text.conversions()) + prologue(kernel);
+    const auto [none, bySqrtN, byN, one] = forwardScale(length);
+    return {none, bySqrtN, byN, byN};
+}
+
+std::string scalarType(Format format)
+{
+    return format == Format::Binary64 ? "rvn::Scalar64f" : "rvn::Scalar32f";
+}
+
+std::string emitHead(const Function& function)
+{
+    const auto factor = [&](double value) { return scaleLiteral(value, function.format); };
+    const auto [none, bySqrtN, fwdByN, invByN] = function.scale;
+    static constexpr std::array<const char*, 3> bufferParameter = {"", ", void*", ", void* buffer"};
+    std::ostringstream text;
+    text << "RvnStatus " << function.name << "(const " << function.elementType << "* src, "
+         << function.elementType << "* dst, RvnScaleFlag flag"
+         << bufferParameter[static_cast<std::size_t>(function.workMemory)] << ")\n"
+         << "{\n"
+         << "    if (src == nullptr)\n"
+         << "        return RvnStatusNullPointer;\n"
+         << "    if (dst == nullptr)\n"
+         << "        return RvnStatusNullPointer;\n"
+         << "    " << typeName(function.format) << " S;\n"
+         << "    if (flag == RvnScaleNone)\n"
+         << "        S = " << factor(none) << ";\n"
+         << "    else if (flag == RvnScaleBySqrtN)\n"
+         << "        S = " << factor(bySqrtN) << ";\n"
+         << "    else if (flag == RvnScaleFwdByN)\n"
+         << "        S = " << factor(fwdByN) << ";\n"
+         << "    else if (flag == RvnScaleInvByN)\n"
+         << "        S = " << factor(invByN) << ";\n"
+         << "    else\n"
+         << "        return RvnStatusFlagError;\n";
+    return text.str();
+}
+
+std::string emitBody(const Body& body, const Graph& graph, const Schedule& schedule)
+{
+    const Text text(body, graph);
+    std::string source;
     for (const Step& step : schedule) {
         switch (step.kind) {
         case Step::Kind::Load:
@@ -176,7 +182,17 @@ std::string emitKernel(const Kernel& kernel, const Graph& graph, const Schedule&
             break;
         }
     }
-    return source + "    return RvnStatusNoError;\n}\n";
+    return source;
+}
+
+std::string emitKernel(const Function& function, const Body& body, const Graph& graph,
+                       const Schedule& schedule)
+{
+    const std::string scalar = scalarType(function.format);
+    return statistics(graph, schedule, function.format) + emitHead(function) + "    const " +
+           scalar + "* const in = reinterpret_cast<const " + scalar + "*>(src);\n" + "    " +
+           scalar + "* const out = reinterpret_cast<" + scalar + "*>(dst);\n\n" +
+           emitBody(body, graph, schedule) + "    return RvnStatusNoError;\n}\n";
 }
 
 } // namespace rvn::kernelgen

@@ -17,23 +17,45 @@ struct ScaleFactors {
     double invByN;
 };
 
-// 1, 1/N and 1/sqrt(N) for a forward or an inverse DFT kernel of length N.
+// 1, 1/N and 1/sqrt(N) for a kernel of length N: 1/N in forward DFT kernels under one flag, in
+// inverse ones under another, in transforms that are their own inverse under both.
 ScaleFactors forwardScale(int length);
 ScaleFactors inverseScale(int length);
+ScaleFactors selfInverseScale(int length);
 
-// One exported function: its name and element type, where the graph's inputs lie in src and its
-// outputs in dst, and the factors that its flags select.
-struct Kernel {
+enum class WorkMemory : std::uint8_t { None, Ignored, Used };
+
+// One exported function: its name, the element type of its prototype (Rvn64fc and the like), the
+// format of its scalars, the factors that its flags select, and whether it takes work memory.
+struct Function {
     std::string name;
-    std::string elementType; // of the prototype: Rvn64fc and the like
-    Format format;           // of its scalars
-    std::vector<int> sourceSlot;
-    std::vector<int> destinationSlot;
+    std::string elementType;
+    Format format;
     ScaleFactors scale;
+    WorkMemory workMemory = WorkMemory::None;
 };
 
-// The kernel's definition: argument checks, the choice of S, then straight-line loads, arithmetic
-// and stores, one operation a line.
-std::string emitKernel(const Kernel& kernel, const Graph& graph, const Schedule& schedule);
+// The scalar type through which a kernel reads and writes arrays.
+std::string scalarType(Format format);
+
+// The function's head: argument checks, then the choice of S.
+std::string emitHead(const Function& function);
+
+// Where the inputs of a graph lie behind the pointer `in` and its outputs behind `out`, and whether
+// the outputs are multiplied by S.
+struct Body {
+    Format format;
+    std::vector<int> sourceSlot;
+    std::vector<int> destinationSlot;
+    bool isScaled = true;
+    int indent = 4;
+};
+
+// Loads, arithmetic and stores, one operation a line.
+std::string emitBody(const Body& body, const Graph& graph, const Schedule& schedule);
+
+// A whole straight-line kernel: the head, then one body.
+std::string emitKernel(const Function& function, const Body& body, const Graph& graph,
+                       const Schedule& schedule);
 
 } // namespace rvn::kernelgen

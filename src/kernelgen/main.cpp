@@ -6,6 +6,8 @@
 // It stops with a message and status 1 when a graph does not have the counts of its plan.
 
 #include "dft_complex/kernels.h"
+#include "wht/kernels.h"
+#include "wht/plans.h"
 
 #include <exception>
 #include <iostream>
@@ -18,9 +20,12 @@ namespace
 void writeKernels(const std::filesystem::path& folder)
 {
     using namespace rvn;
-    for (const dft_complex::ComplexPlan& plan : dft_complex::complexPlans())
-        for (const auto format : {kernelgen::Format::Binary32, kernelgen::Format::Binary64})
+    for (const auto format : {kernelgen::Format::Binary32, kernelgen::Format::Binary64}) {
+        for (const dft_complex::ComplexPlan& plan : dft_complex::complexPlans())
             kernelgen::writeFile(folder / "dft_complex", dft_complex::kernelFile(plan, format));
+        for (int order = wht::lowestOrder; order <= wht::highestOrder; ++order)
+            kernelgen::writeFile(folder / "wht", wht::kernelFile(order, format));
+    }
 }
 
 } // namespace
@@ -34,7 +39,7 @@ int main(int argc, char** argv)
             return 0;
         }
         if (arguments.size() == 1 && arguments[0] == "--report") {
-            std::cout << rvn::dft_complex::report();
+            std::cout << rvn::dft_complex::report() << "\n" << rvn::wht::report();
             return 0;
         }
     } catch (const std::exception& error) {
