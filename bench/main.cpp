@@ -1,22 +1,24 @@
-// rvngenmx_bench: our complex DFT kernels beside FFTW and KissFFT, one table a precision.
+// rvngenmx_bench: our kernels beside their peers, one table a transform and precision.
 //
 // Usually run by tools/bench, which builds it and draws the plots; tools/bench --help lists the
 // options.
 
-#include "accuracy.h"
-#include "contenders.h"
+#include "clock.h"
+#include "complex_series.h"
+#include "data_file.h"
 #include "machine.h"
-#include "measure.h"
 #include "options.h"
+#include "series.h"
 #include "table.h"
+#include "wht_series.h"
 
+#include <algorithm>
+#include <array>
 #include <cstdio>
 #include <exception>
-#include <memory>
 #include <span>
 #include <stdexcept>
 #include <string>
-#include <type_traits>
 #include <vector>
 
 namespace rvn::bench
@@ -25,12 +27,24 @@ namespace rvn::bench
 namespace
 {
 
-// As in the names of the kernels; also the name of the data file and of the plots.
-template <typename Element> std::string transformName(const Options& options)
+struct FamilyEntry {
+    Family family;
+    std::vector<std::string> (*method)(const Options&);
+    Series (*series)(const Options&, Precision);
+};
+
+constexpr std::array<FamilyEntry, 2> families = {{
+    {Family::Complex, complexMethod, complexSeries},
+    {Family::Wht, whtMethod, whtSeries},
+}};
+
+std::vector<FamilyEntry> measuredFamilies(const Options& options)
 {
-    const bool forward = options.direction == Direction::Forward;
-    return std::string(forward ? "DFTFwd" : "DFTInv") + "_CToC_" +
-           (std::is_same_v<Element, Rvn32fc> ? "32fc" : "64fc");
+    std::vector<FamilyEntry> measured;
+    for (const FamilyEntry& entry : families)
+        if (std::ranges::find(options.families, entry.family) != options.families.end())
+            measured.push_back(entry);
+    return measured;
 }
 
 bool inPlace(const Options& options)
@@ -38,71 +52,51 @@ bool inPlace(const Options& options)
     return options.placement == Placement::InPlace;
 }
 
+void print(const std::vector<std::string>& lines)
+{
+    for (const std::string& line : lines)
+        std::printf("%s\n", line.c_str());
+}
+
 void printMachineAndMethod(const Options& options)
 {
-    for (const std::string& line : machineLines())
-        std::printf("%s\n", line.c_str());
+    print(machineLines());
+    std::printf("clock     %.2f GHz, by a chain of dependent additions\n",
+                clockNow(options.seconds));
     std::printf(
         "method    medians of %d repetitions of %g s, contenders interleaved, hot caches; a "
         "ratio is\n          taken within a repetition, peer over ours\n",
         options.repetitions, options.seconds);
-    std::printf("          ours: RvnScaleNone, which multiplies by 1; FFTW: FFTW_PATIENT, scalar: "
-                "FFTW_NO_SIMD\n");
     if (inPlace(options))
-        std::printf("          in place on zeros, every call waits for the one before; "
-                    "KissFFT copies\n");
+        std::printf("          in place on zeros, every call waits for the one before\n");
+    for (const FamilyEntry& entry : measuredFamilies(options))
+        print(entry.method(options));
 }
 
-template <typename Element>
-Row measureLength(Buffers<Element>& buffers, int length, const Options& options)
+void run(const Series& series, const Options& options)
 {
-    const std::vector<Contender> all =
-        contenders(buffers, length, options.direction, options.placement);
-
-    Row row = {.length = length, .figures = {}};
-    for (const Contender& contender : all)
-        row.figures.push_back({.timing = {},
-                               .rmsError = relativeRmsError(contender, buffers, length,
-                                                            options.direction, options.placement)});
-
-    fillForTiming(buffers, options.placement);
-    const std::vector<Timing> timings = measure(all, options.repetitions, options.seconds);
-    for (std::size_t i = 0; i < all.size(); ++i)
-        row.figures[i].timing = timings[i];
-    return row;
-}
-
-template <typename Element> void measurePrecision(const Options& options)
-{
-    const std::string name = transformName<Element>(options);
-    const std::string title = name + (inPlace(options) ? ", in place" : ", out of place");
-    const Names names = contenderNames<Element>();
-    const auto buffers = std::make_unique<Buffers<Element>>();
-
+    const std::string title = series.name + (inPlace(options) ? ", in place" : ", out of place");
     std::printf("\n%s\n\n", title.c_str());
-    printHead(names);
+    printHead(series.layout);
     std::vector<Row> rows;
-    for (const int length : options.lengths) {
-        rows.push_back(measureLength(*buffers, length, options));
-        printRow(rows.back());
+    for (const int size : series.sizes) {
+        rows.push_back(series.measure(size));
+        printRow(series.layout, rows.back());
     }
-    printSummary(names, rows, options.limits);
+    printSummary(series.layout, rows, options.limits);
 
     if (!options.output.empty()) {
-        const std::string file = name + (inPlace(options) ? "_in_place" : "") + ".dat";
-        writeData(options.output + "/" + file, title, names, rows);
+        const std::string file = series.name + (inPlace(options) ? "_in_place" : "") + ".dat";
+        writeData(options.output + "/" + file, title, series.layout, rows);
     }
 }
 
-void run(const Options& options)
+void runAll(const Options& options)
 {
     printMachineAndMethod(options);
-    for (const Precision precision : options.precisions) {
-        if (precision == Precision::Double)
-            measurePrecision<Rvn64fc>(options);
-        else
-            measurePrecision<Rvn32fc>(options);
-    }
+    for (const FamilyEntry& entry : measuredFamilies(options))
+        for (const Precision precision : options.precisions)
+            run(entry.series(options, precision), options);
 }
 
 } // namespace
@@ -113,7 +107,7 @@ int main(int count, char* arguments[])
 {
     try {
         const std::span<char* const> all(arguments, static_cast<std::size_t>(count));
-        rvn::bench::run(rvn::bench::parseOptions(all.subspan(1)));
+        rvn::bench::runAll(rvn::bench::parseOptions(all.subspan(1)));
         return 0;
     } catch (const std::invalid_argument& refused) {
         std::fprintf(stderr, "rvngenmx_bench: %s\n", refused.what());

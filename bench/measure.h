@@ -1,7 +1,7 @@
-// Timing with Google Benchmark: the contenders of one length against each other.
+// Timing with Google Benchmark: the contenders of one size against each other.
 #pragma once
 
-#include "contenders.h"
+#include "contender.h"
 
 #include <span>
 #include <vector>

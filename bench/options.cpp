@@ -1,14 +1,17 @@
-// The command line: options without a value set a field, options with one take the next argument.
+// The command line is a table: a row names an option, tells the value that it wants, if any, and
+// sets the field. What was given is applied in the order of the table.
 
 #include "options.h"
 
+#include "option_values.h"
+
 #include <algorithm>
-#include <charconv>
+#include <array>
 #include <filesystem>
-#include <numeric>
 #include <optional>
 #include <stdexcept>
 #include <string_view>
+#include <utility>
 
 namespace rvn::bench
 {
@@ -16,88 +19,144 @@ namespace rvn::bench
 namespace
 {
 
-constexpr int quickRepetitions = 7;
-constexpr int mostRepetitions = 1000;
-constexpr double quickSeconds = 0.004;
+using Text = std::string_view;
 
-[[noreturn]] void refuse(std::string_view option, std::string_view value, std::string_view wanted)
+struct Option {
+    Text name;
+    std::optional<Family> family; // the only one that it concerns
+    bool (*set)(Options&, Text);  // false: the value is refused
+    Text wanted;                  // the value, for people; empty: it takes none
+};
+
+// The field that a value sets, if the value is good.
+template <typename Value> bool take(Value& field, std::optional<Value> value)
+{
+    if (value)
+        field = std::move(*value);
+    return value.has_value();
+}
+
+// The value that a name stands for.
+template <typename Value, std::size_t count>
+bool choose(std::vector<Value>& field, Text name,
+            const std::array<std::pair<Text, Value>, count>& choices)
+{
+    const auto chosen = std::ranges::find(choices, name, &std::pair<Text, Value>::first);
+    if (chosen != choices.end())
+        field = {chosen->second};
+    return chosen != choices.end();
+}
+
+constexpr std::array familyNames = {std::pair(Text("complex"), Family::Complex),
+                                    std::pair(Text("wht"), Family::Wht)};
+
+constexpr std::array precisionNames = {
+    std::pair(Text("32fc"), Precision::Single), std::pair(Text("32f"), Precision::Single),
+    std::pair(Text("64fc"), Precision::Double), std::pair(Text("64f"), Precision::Double)};
+
+bool setQuick(Options& options, Text)
+{
+    options.repetitions = 7;
+    options.seconds = 0.004;
+    return true;
+}
+
+bool setInPlace(Options& options, Text)
+{
+    options.placement = Placement::InPlace;
+    return true;
+}
+
+bool setInverse(Options& options, Text)
+{
+    options.direction = Direction::Inverse;
+    return true;
+}
+
+bool setFamily(Options& options, Text value)
+{
+    return choose(options.families, value, familyNames);
+}
+
+bool setLengths(Options& options, Text value)
+{
+    return take(options.lengths, parseSizes(value, shortestLength, longestLength));
+}
+
+bool setOrders(Options& options, Text value)
+{
+    return take(options.orders, parseSizes(value, lowestOrder, highestOrder));
+}
+
+bool setPrecision(Options& options, Text value)
+{
+    return choose(options.precisions, value, precisionNames);
+}
+
+bool setRounds(Options& options, Text value)
+{
+    return take(options.repetitions, parseCount(value, 1, 1000));
+}
+
+bool setLimits(Options& options, Text value)
+{
+    return take(options.limits, parseRatios(value));
+}
+
+bool setOutput(Options& options, Text value)
+{
+    options.output = value;
+    return std::filesystem::is_directory(value);
+}
+
+// Which family an option concerns.
+constexpr std::optional<Family> any = {};
+constexpr std::optional<Family> complex = Family::Complex;
+constexpr std::optional<Family> wht = Family::Wht;
+
+// --quick before --repetitions, which has the last word; --family before those that depend on it.
+// clang-format off
+constexpr std::array<Option, 10> table = {{
+    {"--family",      any,     setFamily,    "complex or wht"},
+    {"--quick",       any,     setQuick,     ""},
+    {"--lengths",     complex, setLengths,   "lengths from 2 to 64, as in 8 or 2-16 or 3,5,60-64"},
+    {"--orders",      wht,     setOrders,    "orders from 1 to 13, as in 8 or 1-7 or 3,5,10-13"},
+    {"--precision",   any,     setPrecision, "32fc, 32f, 64fc or 64f"},
+    {"--in-place",    any,     setInPlace,   ""},
+    {"--inverse",     complex, setInverse,   ""},
+    {"--repetitions", any,     setRounds,    "a count from 1 to 1000"},
+    {"--limit",       any,     setLimits,    "ratios, as in 0.9 or 0.9,1.0"},
+    {"--output",      any,     setOutput,    "an existing folder"},
+}};
+// clang-format on
+
+[[noreturn]] void refuse(Text option, Text value, Text reason)
 {
     throw std::invalid_argument(std::string(option) + " '" + std::string(value) +
-                                "': " + std::string(wanted));
+                                "': " + std::string(reason));
 }
 
-// The whole of text as a number, or nothing.
-template <typename Number> std::optional<Number> number(std::string_view text)
-{
-    Number value = 0;
-    const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), value);
-    if (error != std::errc() || end != text.data() + text.size())
-        return std::nullopt;
-    return value;
-}
+struct Given {
+    const Option* option;
+    Text value;
+};
 
-std::vector<std::string_view> splitAtCommas(std::string_view text)
+std::vector<Given> read(std::span<char* const> arguments)
 {
-    std::vector<std::string_view> parts;
-    for (std::size_t comma; (comma = text.find(',')) != text.npos; text.remove_prefix(comma + 1))
-        parts.push_back(text.substr(0, comma));
-    parts.push_back(text);
-    return parts;
-}
-
-// "2-8,16": lengths and ranges of them, to an ascending list without repeats.
-std::vector<int> parseLengths(std::string_view option, std::string_view value)
-{
-    std::vector<int> lengths;
-    for (const std::string_view part : splitAtCommas(value)) {
-        const std::size_t dash = part.find('-');
-        const std::optional<int> first = number<int>(part.substr(0, dash));
-        const std::optional<int> last =
-            dash == part.npos ? first : number<int>(part.substr(dash + 1));
-        if (!first || !last || *first < shortestLength || *last > longestLength || *first > *last)
-            refuse(option, value, "lengths from 2 to 64, as in 8 or 2-16 or 3,5,60-64");
-        for (int length = *first; length <= *last; ++length)
-            lengths.push_back(length);
+    std::vector<Given> all;
+    for (std::size_t i = 0; i < arguments.size(); ++i) {
+        const auto* const option = std::ranges::find(table, Text(arguments[i]), &Option::name);
+        if (option == table.end())
+            refuse("option", arguments[i], "unknown; tools/bench --help lists the options");
+        if (option->wanted.empty())
+            all.push_back({option, {}});
+        else if (++i < arguments.size())
+            all.push_back({option, arguments[i]});
+        else
+            refuse(option->name, "", "a value is missing");
     }
-    std::ranges::sort(lengths);
-    lengths.erase(std::unique(lengths.begin(), lengths.end()), lengths.end());
-    return lengths;
-}
-
-Precision parsePrecision(std::string_view option, std::string_view value)
-{
-    if (value == "32fc")
-        return Precision::Single;
-    if (value == "64fc")
-        return Precision::Double;
-    refuse(option, value, "32fc or 64fc");
-}
-
-int parseRepetitions(std::string_view option, std::string_view value)
-{
-    const std::optional<int> repetitions = number<int>(value);
-    if (!repetitions || *repetitions < 1 || *repetitions > mostRepetitions)
-        refuse(option, value, "a count from 1 to 1000");
-    return *repetitions;
-}
-
-std::vector<double> parseLimits(std::string_view option, std::string_view value)
-{
-    std::vector<double> limits;
-    for (const std::string_view part : splitAtCommas(value)) {
-        const std::optional<double> limit = number<double>(part);
-        if (!limit || !(*limit >= 0) || !(*limit < 1000))
-            refuse(option, value, "ratios, as in 0.9 or 0.9,1.0");
-        limits.push_back(*limit);
-    }
-    return limits;
-}
-
-std::string parseFolder(std::string_view option, std::string_view value)
-{
-    if (!std::filesystem::is_directory(value))
-        refuse(option, value, "not a folder");
-    return std::string(value);
+    std::ranges::stable_sort(all, {}, &Given::option);
+    return all;
 }
 
 } // namespace
@@ -105,43 +164,18 @@ std::string parseFolder(std::string_view option, std::string_view value)
 Options parseOptions(std::span<char* const> arguments)
 {
     Options options;
-    options.lengths.resize(longestLength - shortestLength + 1);
-    std::iota(options.lengths.begin(), options.lengths.end(), shortestLength);
-    std::optional<int> repetitions;
-    bool quick = false;
+    options.lengths = allSizes(shortestLength, longestLength);
+    options.orders = allSizes(lowestOrder, highestOrder);
 
-    for (std::size_t i = 0; i < arguments.size(); ++i) {
-        const std::string_view option = arguments[i];
-        const auto value = [&]() -> std::string_view {
-            if (++i == arguments.size())
-                refuse(option, "", "a value is missing");
-            return arguments[i];
+    for (const auto [option, value] : read(arguments)) {
+        if (!option->set(options, value))
+            refuse(option->name, value, option->wanted);
+        const auto measured = [&](Family family) {
+            return std::ranges::find(options.families, family) != options.families.end();
         };
-        if (option == "--quick")
-            quick = true;
-        else if (option == "--in-place")
-            options.placement = Placement::InPlace;
-        else if (option == "--inverse")
-            options.direction = Direction::Inverse;
-        else if (option == "--lengths")
-            options.lengths = parseLengths(option, value());
-        else if (option == "--precision")
-            options.precisions = {parsePrecision(option, value())};
-        else if (option == "--repetitions")
-            repetitions = parseRepetitions(option, value());
-        else if (option == "--limit")
-            options.limits = parseLimits(option, value());
-        else if (option == "--output")
-            options.output = parseFolder(option, value());
-        else
-            refuse("option", option, "unknown; tools/bench --help lists the options");
+        if (option->family && !measured(*option->family))
+            refuse(option->name, value, "concerns a family that is not measured");
     }
-
-    if (quick) {
-        options.repetitions = quickRepetitions;
-        options.seconds = quickSeconds;
-    }
-    options.repetitions = repetitions.value_or(options.repetitions);
     return options;
 }
 

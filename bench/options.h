@@ -11,18 +11,20 @@
 namespace rvn::bench
 {
 
-constexpr int shortestLength = 2;
+constexpr int shortestLength = 2; // of the complex DFT
 constexpr int longestLength = 64;
+constexpr int lowestOrder = 1; // of the Walsh-Hadamard transform
+constexpr int highestOrder = 13;
 
-enum class Precision { Single, Double };   // elements 32fc, 64fc
-enum class Direction { Forward, Inverse }; // rvngDFTFwd_CToC, rvngDFTInv_CToC
-enum class Placement {
-    OutOfPlace,
-    InPlace
-}; // where the spectrum goes: a second array or the first
+enum class Family { Complex, Wht };           // complex DFT, Walsh-Hadamard transform
+enum class Precision { Single, Double };      // elements 32fc and 32f, 64fc and 64f
+enum class Direction { Forward, Inverse };    // rvngDFTFwd_CToC, rvngDFTInv_CToC
+enum class Placement { OutOfPlace, InPlace }; // where the result goes: a second array or the first
 
 struct Options {
+    std::vector<Family> families = {Family::Complex, Family::Wht};
     std::vector<int> lengths; // ascending
+    std::vector<int> orders;  // ascending
     std::vector<Precision> precisions = {Precision::Double, Precision::Single};
     Direction direction = Direction::Forward;
     Placement placement = Placement::OutOfPlace;

@@ -1,31 +1,46 @@
-# Three plots of one data file of rvngenmx_bench: the ratios, the times and the errors by length.
+# Three plots of one data file of rvngenmx_bench, by size: the ratios, the times and the extra
+# figures of the transform.
 #
-#     gnuplot -c plots.gnuplot <data file> <title> <stem of the PNG files>
+#     gnuplot -c plots.gnuplot <data file> <title> <stem of the PNG files> \
+#             <name of a size> <times> <ratios> <extra figures> <key of these>
 #
-# Columns: N; P + 1 times, ours first; P ratios; P + 1 errors, ours first; P is the number of peers.
+# The last five are words of the data file's third comment; the three numbers count its columns, in
+# this order behind the size. The ratios belong to the last contenders that have times.
 
 data = ARG1
 title = ARG2
 stem = ARG3
+size = ARG4
+times = int(ARG5)
+ratios = int(ARG6)
+extras = int(ARG7)
+key = ARG8
 
-stats data using 1 skip 3 nooutput # two comments and the names
-peers = (STATS_columns - 3) / 3
 firstTime = 2
-firstRatio = firstTime + peers + 1
-firstError = firstRatio + peers
+firstRatio = firstTime + times
+firstExtra = firstRatio + ratios
+firstPeer = times - ratios # as a contender, counted from 0
 
+set datafile missing "-"
 set terminal pngcairo size 1400,700 font "DejaVu Sans,12" noenhanced background "white"
-set xlabel "length N"
-set xrange [1:65]
-set xtics 2,2 nomirror
-set mxtics 2
 set ytics nomirror
 set grid xtics ytics mytics linecolor "#dddddd" linetype 1, linecolor "#eeeeee" linetype 1
 set border 3 linecolor "#666666"
 set tics textcolor "#000000"
 set key outside top center horizontal
 
-# One colour a contender in all plots: ours, FFTW scalar, FFTW SIMD, KissFFT.
+if (size eq "length") {
+    set xlabel "length N"
+    set xrange [1:65]
+    set xtics 2,2 nomirror
+    set mxtics 2
+} else {
+    set xlabel "order k, 2^k points"
+    set xrange [0.5:13.5]
+    set xtics 1,1 nomirror
+}
+
+# One colour a contender in all plots, ours first.
 set linetype 1 linecolor "#000000" linewidth 2 pointtype 7 pointsize 0.8
 set linetype 2 linecolor "#0072b2" linewidth 2 pointtype 5 pointsize 0.8
 set linetype 3 linecolor "#d55e00" linewidth 2 pointtype 9 pointsize 0.9
@@ -40,8 +55,8 @@ set ytics (0.01, 0.02, 0.05, 0.1, 0.2, 0.3, 0.4, 0.5, 0.6, 0.8, 1, 1.2, 1.5, 2, 
            10, 15, 20, 30, 50)
 set yrange [* < 0.8 : 1.2 < *]
 plot 1 with lines linecolor "#000000" linewidth 2 dashtype 2 title "equal", \
-    for [i = 0 : peers - 1] data using 1:(column(firstRatio + i)) \
-    with linespoints linetype i + 2 title columnheader(firstRatio + i)
+    for [i = 0 : ratios - 1] data using 1:(column(firstRatio + i)) \
+    with linespoints linetype firstPeer + i + 1 title columnheader(firstRatio + i)
 
 set output stem . "_time.png"
 set title title . "\ntime of one call"
@@ -49,14 +64,21 @@ set ylabel "nanoseconds, lower is better"
 set ytics autofreq
 set yrange [*:*]
 set logscale y 10
-plot for [i = 0 : peers] data using 1:(column(firstTime + i)) \
+plot for [i = 0 : times - 1] data using 1:(column(firstTime + i)) \
     with linespoints linetype i + 1 title columnheader(firstTime + i)
 
-set output stem . "_error.png"
-set title title . "\nrelative rms error on random input"
-set ylabel "error, lower is better"
-unset logscale y
-set format y "%.1e"
-set yrange [0:*]
-plot for [i = 0 : peers] data using 1:(column(firstError + i)) \
-    with linespoints linetype i + 1 title columnheader(firstError + i)
+set output stem . "_" . key . ".png"
+if (key eq "error") {
+    set title title . "\nrelative rms error on random input"
+    set ylabel "error, lower is better"
+    unset logscale y
+    set format y "%.1e"
+    set yrange [0:*]
+} else {
+    set title title . "\ntime over the limit of two additions a cycle"
+    set ylabel "times the limit, lower is better"
+    set ytics (0.8, 1, 1.2, 1.5, 2, 3, 4, 5, 7, 10, 15, 20, 30, 50)
+    set yrange [0.8 : 2 < *]
+}
+plot for [i = 0 : extras - 1] data using 1:(column(firstExtra + i)) \
+    with linespoints linetype i + 1 title columnheader(firstExtra + i)

@@ -1,14 +1,12 @@
-// Formatting only: every figure is computed elsewhere, but for ratios and their means.
+// Formatting only: every figure is computed elsewhere, but for means and extremes over the rows.
 
 #include "table.h"
 
-#include "machine.h"
+#include "means.h"
 
 #include <algorithm>
-#include <cmath>
+#include <array>
 #include <cstdio>
-#include <memory>
-#include <stdexcept>
 
 namespace rvn::bench
 {
@@ -16,145 +14,138 @@ namespace rvn::bench
 namespace
 {
 
-// The errors that the table shows: ours and that of FFTW scalar. The data file has all.
-constexpr std::size_t printedErrors = 2;
-
 constexpr int nameWidth = 12; // of a column
-constexpr std::size_t lengthsInALine = 10;
+constexpr std::size_t sizesInALine = 10;
+
+int sizeWidth(const std::string& name)
+{
+    return std::max(3, static_cast<int>(name.size()) + 1);
+}
+
+int groupWidth(std::size_t columns)
+{
+    return nameWidth * static_cast<int>(columns);
+}
+
+std::string text(double value, bool scientific)
+{
+    std::array<char, 64> buffer = {};
+    std::snprintf(buffer.data(), buffer.size(), scientific ? "%.2e" : "%.2f", value);
+    return buffer.data();
+}
+
+void printCells(const std::vector<std::string>& cells)
+{
+    std::printf(" |");
+    for (const std::string& cell : cells)
+        std::printf("%*s", nameWidth, cell.c_str());
+}
 
 double ratio(const Row& row, std::size_t peer)
 {
-    return row.figures[peer].timing.ratio;
+    return row.timings[peer].ratio;
 }
 
-double geometricMean(const std::vector<Row>& rows, std::size_t peer)
+// Each row's value.
+template <typename Get> std::vector<double> column(const std::vector<Row>& rows, Get get)
 {
-    double sum = 0;
+    std::vector<double> values;
     for (const Row& row : rows)
-        sum += std::log(ratio(row, peer));
-    return std::exp(sum / static_cast<double>(rows.size()));
+        values.push_back(get(row));
+    return values;
 }
 
-const Row& worst(const std::vector<Row>& rows, std::size_t peer)
+void printRatios(const Layout& layout, const std::vector<Row>& rows, std::size_t peer)
 {
-    return *std::ranges::min_element(rows, {}, [=](const Row& row) { return ratio(row, peer); });
+    const auto ratioOf = [=](const Row& row) { return ratio(row, peer); };
+    const auto spreadOf = [=](const Row& row) { return row.timings[peer].spread; };
+    const Row& slowest = *std::ranges::min_element(rows, {}, ratioOf);
+    std::printf("    %-11s  geometric mean %.3f, worst %.2f at %s %d; quartiles of the rounds "
+                "within %.1f %%\n",
+                layout.contenders[peer].c_str(), geometricMean(column(rows, ratioOf)),
+                ratio(slowest, peer), layout.size.c_str(), slowest.sizes.front(),
+                100 * std::ranges::max(column(rows, spreadOf)));
 }
 
-// The root of the mean square over the lengths.
-double meanError(const std::vector<Row>& rows, std::size_t contender)
+void printExtra(const Layout& layout, const std::vector<Row>& rows, std::size_t i)
 {
-    double sum = 0;
-    for (const Row& row : rows)
-        sum += row.figures[contender].rmsError * row.figures[contender].rmsError;
-    return std::sqrt(sum / static_cast<double>(rows.size()));
+    const Extra& extra = layout.extra;
+    const auto valueOf = [=](const Row& row) { return row.extras[i]; };
+    const Row& largest = *std::ranges::max_element(rows, {}, valueOf);
+    std::printf("    %-11s  %s %s, largest %s at %s %d\n", extra.names[i].c_str(),
+                extra.meanName.c_str(),
+                text(extra.mean(column(rows, valueOf)), extra.scientific).c_str(),
+                text(valueOf(largest), extra.scientific).c_str(), layout.size.c_str(),
+                largest.sizes.front());
 }
 
-double largestSpread(const std::vector<Row>& rows, std::size_t peer)
-{
-    double largest = 0;
-    for (const Row& row : rows)
-        largest = std::max(largest, row.figures[peer].timing.spread);
-    return largest;
-}
-
-// "length ratio" for each length below the limit.
-void printBelow(const std::string& name, double limit, const std::vector<Row>& rows,
-                std::size_t peer)
+// "size ratio" for each size whose ratio is below the limit.
+void printBelow(const Layout& layout, const std::vector<Row>& rows, std::size_t peer, double limit)
 {
     std::size_t count = 0;
-    std::printf("below %g times as fast as %s:", limit, name.c_str());
+    std::printf("below %g times as fast as %s:", limit, layout.contenders[peer].c_str());
     for (const Row& row : rows)
         if (ratio(row, peer) < limit)
-            std::printf("%s%2d %.2f", count++ % lengthsInALine == 0 ? "\n    " : " | ", row.length,
-                        ratio(row, peer));
-    std::printf("%s\n", count == 0 ? " no length" : "");
+            std::printf("%s%2d %.2f", count++ % sizesInALine == 0 ? "\n    " : " | ",
+                        row.sizes.front(), ratio(row, peer));
+    std::printf("%s\n", count == 0 ? (" no " + layout.size).c_str() : "");
 }
 
 } // namespace
 
-void printHead(const Names& names)
+void printHead(const Layout& layout)
 {
-    const int peers = static_cast<int>(names.size()) - 1;
-    std::printf("%3s |%*s |%*s |%*s\n", "", nameWidth * (peers + 1), "nanoseconds a call",
-                nameWidth * peers, "times as fast as", nameWidth * static_cast<int>(printedErrors),
-                "relative rms error");
-    std::printf("%3s |", "N");
-    for (const std::string& name : names)
-        std::printf("%*s", nameWidth, name.c_str());
-    std::printf(" |");
-    for (std::size_t peer = 1; peer < names.size(); ++peer)
-        std::printf("%*s", nameWidth, names[peer].c_str());
-    std::printf(" |");
-    for (std::size_t i = 0; i < printedErrors; ++i)
-        std::printf("%*s", nameWidth, names[i].c_str());
+    const auto peers = layout.contenders.begin() + static_cast<std::ptrdiff_t>(layout.firstPeer);
+    const auto printedEnd =
+        layout.extra.names.begin() + static_cast<std::ptrdiff_t>(layout.extra.printed);
+
+    for (const std::string& size : layout.sizes)
+        std::printf("%*s", sizeWidth(size), "");
+    std::printf(" |%*s |%*s |%*s\n", groupWidth(layout.contenders.size()), "nanoseconds a call",
+                groupWidth(layout.contenders.size() - layout.firstPeer), "times as fast as",
+                groupWidth(layout.extra.printed), layout.extra.title.c_str());
+    for (const std::string& size : layout.sizes)
+        std::printf("%*s", sizeWidth(size), size.c_str());
+    printCells(layout.contenders);
+    printCells({peers, layout.contenders.end()});
+    printCells({layout.extra.names.begin(), printedEnd});
     std::printf("\n");
 }
 
-void printRow(const Row& row)
+void printRow(const Layout& layout, const Row& row)
 {
-    std::printf("%3d |", row.length);
-    for (const Figure& figure : row.figures)
-        std::printf("%*.2f", nameWidth, figure.timing.nanoseconds);
-    std::printf(" |");
-    for (std::size_t peer = 1; peer < row.figures.size(); ++peer)
-        std::printf("%*.2f", nameWidth, ratio(row, peer));
-    std::printf(" |");
-    for (std::size_t i = 0; i < printedErrors; ++i)
-        std::printf("%*.2e", nameWidth, row.figures[i].rmsError);
+    std::vector<std::string> times(layout.contenders.size(), "-");
+    std::vector<std::string> ratios(layout.contenders.size() - layout.firstPeer, "-");
+    std::vector<std::string> extras;
+    for (std::size_t i = 0; i < row.timings.size(); ++i)
+        times[i] = text(row.timings[i].nanoseconds, false);
+    for (std::size_t i = layout.firstPeer; i < row.timings.size(); ++i)
+        ratios[i - layout.firstPeer] = text(ratio(row, i), false);
+    for (std::size_t i = 0; i < layout.extra.printed; ++i)
+        extras.push_back(text(row.extras[i], layout.extra.scientific));
+
+    for (std::size_t i = 0; i < row.sizes.size(); ++i)
+        std::printf("%*d", sizeWidth(layout.sizes[i]), row.sizes[i]);
+    printCells(times);
+    printCells(ratios);
+    printCells(extras);
     std::printf("\n");
     std::fflush(stdout);
 }
 
-void printSummary(const Names& names, const std::vector<Row>& rows,
+void printSummary(const Layout& layout, const std::vector<Row>& rows,
                   const std::vector<double>& limits)
 {
-    std::printf("\ntimes as fast as, over %zu lengths\n", rows.size());
-    for (std::size_t peer = 1; peer < names.size(); ++peer) {
-        const Row& slowest = worst(rows, peer);
-        std::printf("    %-11s  geometric mean %.3f, worst %.2f at length %d; quartiles of the "
-                    "rounds within %.1f %%\n",
-                    names[peer].c_str(), geometricMean(rows, peer), ratio(slowest, peer),
-                    slowest.length, 100 * largestSpread(rows, peer));
-    }
-    std::printf("relative rms error over all of them\n");
-    for (std::size_t i = 0; i < names.size(); ++i)
-        std::printf("    %-11s  %.2e\n", names[i].c_str(), meanError(rows, i));
+    const std::size_t timed = rows.front().timings.size();
+    std::printf("\ntimes as fast as, over %zu %ss\n", rows.size(), layout.size.c_str());
+    for (std::size_t peer = layout.firstPeer; peer < timed; ++peer)
+        printRatios(layout, rows, peer);
+    std::printf("%s\n", layout.extra.summary.c_str());
+    for (std::size_t i = 0; i < layout.extra.names.size(); ++i)
+        printExtra(layout, rows, i);
     for (const double limit : limits)
-        for (std::size_t peer = 1; peer < names.size(); ++peer)
-            printBelow(names[peer], limit, rows, peer);
-}
-
-void writeData(const std::string& path, const std::string& title, const Names& names,
-               const std::vector<Row>& rows)
-{
-    const std::unique_ptr<std::FILE, int (*)(std::FILE*)> owner(std::fopen(path.c_str(), "w"),
-                                                                std::fclose);
-    std::FILE* const file = owner.get();
-    if (file == nullptr)
-        throw std::runtime_error("cannot write " + path);
-
-    std::fprintf(file, "# %s\n# %s\n", title.c_str(), processor().c_str());
-    std::fprintf(file, "N");
-    for (const std::string& name : names)
-        std::fprintf(file, " \"%s\"", name.c_str());
-    for (std::size_t peer = 1; peer < names.size(); ++peer)
-        std::fprintf(file, " \"%s\"", names[peer].c_str());
-    for (const std::string& name : names)
-        std::fprintf(file, " \"%s\"", name.c_str());
-    std::fprintf(file, "\n");
-
-    for (const Row& row : rows) {
-        std::fprintf(file, "%d", row.length);
-        for (const Figure& figure : row.figures)
-            std::fprintf(file, " %.4f", figure.timing.nanoseconds);
-        for (std::size_t peer = 1; peer < names.size(); ++peer)
-            std::fprintf(file, " %.4f", ratio(row, peer));
-        for (const Figure& figure : row.figures)
-            std::fprintf(file, " %.4e", figure.rmsError);
-        std::fprintf(file, "\n");
-    }
-    if (std::fflush(file) != 0)
-        throw std::runtime_error("cannot write " + path);
+        for (std::size_t peer = layout.firstPeer; peer < timed; ++peer)
+            printBelow(layout, rows, peer, limit);
 }
 
 } // namespace rvn::bench

@@ -132,10 +132,12 @@ private:
 Analysis emptyAnalysis(const AudioFile& file, const Options& options, int mostCells)
 {
     if (options.iq && file.channels() != 2)
-        throw Failure("'" + options.input + "': --iq needs two channels, the file has one");
+        throw examples::Failure("'" + options.input +
+                                "': --iq needs two channels, the file has one");
     if (file.samples() < options.length)
-        throw Failure("'" + options.input + "': " + std::to_string(file.samples()) +
-                      " samples are fewer than one frame of " + std::to_string(options.length));
+        throw examples::Failure("'" + options.input + "': " + std::to_string(file.samples()) +
+                                " samples are fewer than one frame of " +
+                                std::to_string(options.length));
     Analysis analysis;
     analysis.length = options.length;
     analysis.hop = options.hop;

@@ -27,7 +27,7 @@ double plainResponse(int length, double x)
 void check(RvnStatus status)
 {
     if (status != RvnStatusNoError)
-        throw Failure("the transform failed with status " + std::to_string(status));
+        throw examples::Failure("the transform failed with status " + std::to_string(status));
 }
 
 } // namespace

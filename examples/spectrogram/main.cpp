@@ -9,9 +9,9 @@
 #include "options.h"
 #include "picture.h"
 #include "png_file.h"
+#include "program.h"
 #include "report.h"
 
-#include <cctype>
 #include <cstdio>
 #include <filesystem>
 
@@ -30,7 +30,8 @@ void run(int argc, char** argv)
     AudioFile file(options.input);
     std::error_code ignored;
     if (std::filesystem::equivalent(options.input, options.output, ignored))
-        throw Failure("'" + options.output + "' is the input; the picture needs another name");
+        throw examples::Failure("'" + options.output +
+                                "' is the input; the picture needs another name");
 
     const Analysis analysis = analyse(file, options, plotWidth);
     const std::string title = std::filesystem::path(options.input).filename().string();
@@ -39,26 +40,9 @@ void run(int argc, char** argv)
     printReport(options, analysis, picture);
 }
 
-// File names may hold line feeds; the message stays one line.
-int complain(std::string message, int status)
-{
-    for (char& character : message)
-        if (std::iscntrl(static_cast<unsigned char>(character)))
-            character = '?';
-    std::fprintf(stderr, "spectrogram: %s\n", message.c_str());
-    return status;
-}
-
 } // namespace
 
 int main(int argc, char** argv)
 {
-    try {
-        run(argc, argv);
-        return 0;
-    } catch (const UsageFailure& failure) {
-        return complain(failure.what(), 2);
-    } catch (const std::exception& failure) {
-        return complain(failure.what(), 1);
-    }
+    return examples::runProgram("spectrogram", argc, argv, run);
 }

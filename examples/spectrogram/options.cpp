@@ -2,49 +2,33 @@
 // one line the user sees.
 #include "options.h"
 
+#include "arguments.h"
 #include "failure.h"
 
-#include <charconv>
 #include <filesystem>
 #include <getopt.h>
-#include <string_view>
 
 namespace spectrogram
 {
+
+using examples::offendingOption;
+using examples::soleInput;
+using examples::UsageFailure;
+using examples::wholeNumber;
+
 namespace
 {
 
 constexpr int shortestLength = 2;
 constexpr int longestLength = 64;
 
-// Values of the options that have a long name only; above every character.
-enum LongOption : int { longHop = 256, longIq, longHelp };
+enum LongOption : int { longHop = examples::firstLongOption, longIq, longHelp };
 
 constexpr option longOptions[] = {
     {"length", required_argument, nullptr, 'n'}, {"hop", required_argument, nullptr, longHop},
     {"output", required_argument, nullptr, 'o'}, {"iq", no_argument, nullptr, longIq},
     {"help", no_argument, nullptr, longHelp},    {nullptr, 0, nullptr, 0},
 };
-
-int parseNumber(std::string_view name, std::string_view text, int least, int most)
-{
-    int value = 0;
-    const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), value);
-    const bool isNumber = error == std::errc() && end == text.data() + text.size();
-    if (!isNumber || value < least || value > most)
-        throw UsageFailure(std::string(name) + " must be a whole number from " +
-                           std::to_string(least) + " to " + std::to_string(most) + ", not '" +
-                           std::string(text) + "'");
-    return value;
-}
-
-// The option getopt_long stumbled over, as the user wrote it.
-std::string offendingOption(char** argv)
-{
-    if (optopt > 0 && optopt < longHop)
-        return std::string("-") + static_cast<char>(optopt);
-    return argv[optind - 1];
-}
 
 } // namespace
 
@@ -56,7 +40,7 @@ Options parseOptions(int argc, char** argv)
     for (int c; (c = getopt_long(argc, argv, ":n:o:h", longOptions, nullptr)) != -1;) {
         switch (c) {
         case 'n':
-            options.length = parseNumber("the length", optarg, shortestLength, longestLength);
+            options.length = wholeNumber("the length", optarg, shortestLength, longestLength);
             break;
         case longHop:
             hop = optarg;
@@ -81,14 +65,8 @@ Options parseOptions(int argc, char** argv)
             throw UsageFailure("unknown option '" + offendingOption(argv) + "'; see --help");
         }
     }
-    if (optind >= argc)
-        throw UsageFailure("no input file; see --help");
-    if (optind + 1 < argc)
-        throw UsageFailure("one input file at a time: '" + std::string(argv[optind + 1]) +
-                           "' is too many");
-
-    options.input = argv[optind];
-    options.hop = hop.empty() ? options.length / 2 : parseNumber("the hop", hop, 1, options.length);
+    options.input = soleInput(argc, argv);
+    options.hop = hop.empty() ? options.length / 2 : wholeNumber("the hop", hop, 1, options.length);
     if (options.output.empty())
         options.output = std::filesystem::path(options.input).stem().string() + ".png";
     return options;

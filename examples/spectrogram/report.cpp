@@ -1,7 +1,6 @@
 // report.cpp - one line a fact, and a table of the strongest frequencies.
 #include "report.h"
 
-#include "failure.h"
 #include "peaks.h"
 #include "ticks.h"
 
@@ -66,8 +65,6 @@ void printReport(const Options& options, const Analysis& analysis, const Canvas&
                 analysis.roundTripError);
     std::printf("picture      %s, %d x %d pixels\n", options.output.c_str(), picture.width(),
                 picture.height());
-    if (std::fflush(stdout) != 0 || std::ferror(stdout))
-        throw Failure("cannot write the results to standard output");
 }
 
 } // namespace spectrogram

@@ -8,7 +8,7 @@
 namespace spectrogram
 {
 
-// Prints the analysis on standard output; throws Failure if that does not take it.
+// Prints the analysis on standard output.
 void printReport(const Options& options, const Analysis& analysis, const Canvas& picture);
 
 } // namespace spectrogram

@@ -1,5 +1,6 @@
-// The peers: an FFTW plan of either precision and a KissFFT state, each behind a shared pointer
-// that releases it. Their complex types and ours are the same pair of numbers, real part first.
+// The peers of the complex DFT: an FFTW plan of either precision and a KissFFT state, each behind a
+// shared pointer that releases it. Their complex types and ours are the same pair of numbers, real
+// part first.
 #pragma once
 
 #include "options.h"

@@ -8,10 +8,10 @@
 // KissFFT   kiss_fft on a prepared state, binary32 only. In place it transforms into a block that
 //           it allocates at every call, and copies it back.
 
-#include "contenders.h"
+#include "complex_contenders.h"
 
-#include "kernels.h"
-#include "peers.h"
+#include "complex_kernels.h"
+#include "complex_peers.h"
 
 namespace rvn::bench
 {
@@ -22,38 +22,23 @@ namespace
 constexpr unsigned fftwSimd = FFTW_PATIENT;
 constexpr unsigned fftwScalar = FFTW_PATIENT | FFTW_NO_SIMD;
 
-// The callee lies in a shared library and the compiler cannot see into it; the clobber makes it
-// take all memory to be read and written between two calls. What the call itself needs is copied
-// into the loop's function, so that it stays in registers.
-template <typename Call> Contender contender(const std::string& name, Call call)
-{
-    const auto repeat = [call](benchmark::State& state) {
-        const Call callHere = call;
-        for ([[maybe_unused]] auto iteration : state) {
-            callHere();
-            benchmark::ClobberMemory();
-        }
-    };
-    return {.name = name, .transform = call, .repeat = repeat};
-}
-
 } // namespace
 
-template <typename Element> std::vector<std::string> contenderNames()
+template <typename Element> Names complexContenderNames()
 {
-    std::vector<std::string> names = {"ours", "FFTW scalar", "FFTW SIMD"};
+    Names names = {"ours", "FFTW scalar", "FFTW SIMD"};
     if constexpr (std::is_same_v<Element, Rvn32fc>)
         names.push_back("KissFFT");
     return names;
 }
 
 template <typename Element>
-std::vector<Contender> contenders(Buffers<Element>& buffers, int length, Direction direction,
-                                  Placement placement)
+std::vector<Contender> complexContenders(ComplexBuffers<Element>& buffers, int length,
+                                         Direction direction, Placement placement)
 {
     Element* const source = buffers.source.data();
     Element* const destination = buffers.destination(placement);
-    const std::vector<std::string> names = contenderNames<Element>();
+    const Names names = complexContenderNames<Element>();
 
     const Kernel<Element> kernel = kernelOf<Element>(length, direction);
     std::vector<Contender> all = {
@@ -73,9 +58,11 @@ std::vector<Contender> contenders(Buffers<Element>& buffers, int length, Directi
     return all;
 }
 
-template std::vector<std::string> contenderNames<Rvn32fc>();
-template std::vector<std::string> contenderNames<Rvn64fc>();
-template std::vector<Contender> contenders(Buffers<Rvn32fc>&, int, Direction, Placement);
-template std::vector<Contender> contenders(Buffers<Rvn64fc>&, int, Direction, Placement);
+template Names complexContenderNames<Rvn32fc>();
+template Names complexContenderNames<Rvn64fc>();
+template std::vector<Contender> complexContenders(ComplexBuffers<Rvn32fc>&, int, Direction,
+                                                  Placement);
+template std::vector<Contender> complexContenders(ComplexBuffers<Rvn64fc>&, int, Direction,
+                                                  Placement);
 
 } // namespace rvn::bench

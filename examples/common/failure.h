@@ -1,12 +1,13 @@
 // failure.h - the two kinds of trouble a user can meet, each a one-line message.
 //
-// Everything below main() throws one of these; main() prints the message and sets the exit status.
-#ifndef SPECTROGRAM_FAILURE_H
-#define SPECTROGRAM_FAILURE_H
+// Everything below main() throws one of these; runProgram() prints the message and sets the exit
+// status.
+#ifndef EXAMPLES_FAILURE_H
+#define EXAMPLES_FAILURE_H
 
 #include <stdexcept>
 
-namespace spectrogram
+namespace examples
 {
 
 // The input, the output or the work on them is at fault.
@@ -23,6 +24,6 @@ public:
     using Failure::Failure;
 };
 
-} // namespace spectrogram
+} // namespace examples
 
 #endif

@@ -5,15 +5,14 @@
 // No code or constant is shared with the library. With 64 significant bits, an error of the order
 // of 1e-19, the sum is exact as far as results in binary64 or binary32 go.
 
-#include "accuracy.h"
+#include "complex_accuracy.h"
 
-#include <algorithm>
+#include "input.h"
+
 #include <cmath>
 #include <complex>
-#include <cstdint>
 #include <limits>
 #include <numbers>
-#include <random>
 #include <span>
 #include <stdexcept>
 
@@ -28,21 +27,11 @@ using Exact = std::complex<long double>;
 static_assert(std::numeric_limits<long double>::digits == 64);
 
 constexpr int trials = 64;
-constexpr std::uint64_t seed = 20;
 
 // Far above what rounding does in the worst of the algorithms, far below any mistake.
 constexpr double mostUnitsOfRounding = 1000;
 
 template <typename Element> using Real = decltype(Element::re);
-
-template <typename Element> void fillAtRandom(std::span<Element> values, std::mt19937_64& random)
-{
-    std::uniform_real_distribution<Real<Element>> uniform(-1, 1);
-    for (Element& value : values) {
-        value.re = uniform(random);
-        value.im = uniform(random);
-    }
-}
 
 std::vector<Exact> rootsOfUnity(int length, Direction direction)
 {
@@ -71,16 +60,8 @@ std::vector<Exact> directSum(std::span<const Element> input, const std::vector<E
 
 } // namespace
 
-template <typename Element> void fillForTiming(Buffers<Element>& buffers, Placement placement)
-{
-    std::mt19937_64 random(seed);
-    buffers.source.fill({0, 0});
-    if (placement == Placement::OutOfPlace)
-        fillAtRandom<Element>(buffers.source, random);
-}
-
 template <typename Element>
-double relativeRmsError(const Contender& contender, Buffers<Element>& buffers, int length,
+double relativeRmsError(const Contender& contender, ComplexBuffers<Element>& buffers, int length,
                         Direction direction, Placement placement)
 {
     const auto size = static_cast<std::size_t>(length);
@@ -89,7 +70,7 @@ double relativeRmsError(const Contender& contender, Buffers<Element>& buffers, i
     const std::span<const Element> found(buffers.destination(placement), size);
     constexpr Real<Element> notANumber = std::numeric_limits<Real<Element>>::quiet_NaN();
 
-    std::mt19937_64 random(seed);
+    Random random(seed);
     long double error = 0;
     long double total = 0;
     for (int trial = 0; trial < trials; ++trial) {
@@ -109,9 +90,9 @@ double relativeRmsError(const Contender& contender, Buffers<Element>& buffers, i
     return relative;
 }
 
-template void fillForTiming(Buffers<Rvn32fc>&, Placement);
-template void fillForTiming(Buffers<Rvn64fc>&, Placement);
-template double relativeRmsError(const Contender&, Buffers<Rvn32fc>&, int, Direction, Placement);
-template double relativeRmsError(const Contender&, Buffers<Rvn64fc>&, int, Direction, Placement);
+template double relativeRmsError(const Contender&, ComplexBuffers<Rvn32fc>&, int, Direction,
+                                 Placement);
+template double relativeRmsError(const Contender&, ComplexBuffers<Rvn64fc>&, int, Direction,
+                                 Placement);
 
 } // namespace rvn::bench

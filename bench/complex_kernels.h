@@ -1,4 +1,5 @@
-// Our side: the addresses of the exported kernels by length, as the dynamic linker resolves them.
+// Our side of the complex DFT: the addresses of the exported kernels by length, as the dynamic
+// linker resolves them.
 #pragma once
 
 #include "options.h"

@@ -1,0 +1,28 @@
+// Means over the rows of a table.
+#pragma once
+
+#include <cmath>
+#include <vector>
+
+namespace rvn::bench
+{
+
+// Of ratios.
+inline double geometricMean(const std::vector<double>& values)
+{
+    double sum = 0;
+    for (const double value : values)
+        sum += std::log(value);
+    return std::exp(sum / static_cast<double>(values.size()));
+}
+
+// Of errors.
+inline double rootMeanSquare(const std::vector<double>& values)
+{
+    double sum = 0;
+    for (const double value : values)
+        sum += value * value;
+    return std::sqrt(sum / static_cast<double>(values.size()));
+}
+
+} // namespace rvn::bench

@@ -1,0 +1,49 @@
+// A series: one transform over its sizes, a table of its own. What its columns are, and how a row
+// of it is measured; the printed table and the data file need to know no more.
+#pragma once
+
+#include "contender.h"
+#include "measure.h"
+
+#include <cstddef>
+#include <functional>
+#include <string>
+#include <vector>
+
+namespace rvn::bench
+{
+
+// Figures beside the times.
+struct Extra {
+    std::string title;   // over the columns
+    std::string summary; // the same, in the lines under the table
+    std::string key;     // in the data file and the name of the plot
+    Names names;         // of the columns
+    std::size_t printed; // so many columns the table shows; the data file has all
+    bool scientific;     // 1.23e-16 and not 1.23
+    std::string meanName;
+    double (*mean)(const std::vector<double>& values); // over the rows
+};
+
+struct Layout {
+    std::string size;      // what a size is: length, order
+    Names sizes;           // the columns of the sizes
+    Names contenders;      // ours first
+    std::size_t firstPeer; // those before it are ours and get no ratio
+    Extra extra;
+};
+
+struct Row {
+    std::vector<int> sizes;      // the first one names the row
+    std::vector<Timing> timings; // of the contenders; the last ones are missing if they cannot run
+    std::vector<double> extras;
+};
+
+struct Series {
+    std::string name; // as in the names of the kernels
+    Layout layout;
+    std::vector<int> sizes;
+    std::function<Row(int size)> measure;
+};
+
+} // namespace rvn::bench

@@ -1,0 +1,53 @@
+// main.cpp - the hadamard program: read, transform, drop, transform back, write, report.
+//
+//     hadamard [-b ORDER] [-k SHARE] [-o REBUILT.png] PICTURE.png
+//
+// Exit status: 0 done, 1 the files are at fault, 2 the command line is at fault.
+#include "blocks.h"
+#include "comparison.h"
+#include "failure.h"
+#include "options.h"
+#include "planes.h"
+#include "png_input.h"
+#include "png_output.h"
+#include "program.h"
+#include "report.h"
+#include "selection.h"
+
+#include <cstdio>
+#include <filesystem>
+
+namespace
+{
+
+using namespace hadamard;
+
+void run(int argc, char** argv)
+{
+    const Options options = parseOptions(argc, argv);
+    if (options.helpOnly) {
+        std::fputs(usageText(), stdout);
+        return;
+    }
+    const Picture original = readPng(options.input);
+    std::error_code ignored;
+    if (std::filesystem::equivalent(options.input, options.output, ignored))
+        throw examples::Failure("'" + options.output +
+                                "' is the input; the rebuilt picture needs another name");
+
+    Planes planes = splitPicture(original, options.order);
+    KernelUse use = transformBlocks(planes.values, options.order);
+    const Selection selection = keepLargest(planes.values, options.share);
+    use += transformBlocks(planes.values, options.order); // its own inverse
+    const Picture rebuilt = joinPlanes(planes, original);
+
+    writePng(options.output, rebuilt);
+    printReport(options, original, planes.layout, selection, compare(original, rebuilt), use);
+}
+
+} // namespace
+
+int main(int argc, char** argv)
+{
+    return examples::runProgram("hadamard", argc, argv, run);
+}
