@@ -15,6 +15,7 @@
 #include "kernelgen/schedule.h"
 
 #include <algorithm>
+#include <stdexcept>
 
 namespace rvn::tests
 {
