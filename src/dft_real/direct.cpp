@@ -26,23 +26,25 @@ HalfSpectrum directForward(ValuesView x)
         return X;
     }
     const int half = (N - 1) / 2;
+    // Sums before differences: half of the values are live at a time.
+    X.bins[0].re = x[0];
     Values t(half + 1);
-    Values u(half + 1);
     for (int j = 1; j <= half; ++j) {
         t[j] = x[j] + x[N - j];
-        u[j] = x[j] - x[N - j];
-    }
-    X.bins[0].re = x[0];
-    for (int j = 1; j <= half; ++j)
         X.bins[0].re = X.bins[0].re + t[j];
+    }
     for (int k = 1; k <= half; ++k) {
-        Value R = x[0] + cosine(k, N) * t[1];
-        Value I = -(sine(k, N) * u[1]);
-        for (int j = 2; j <= half; ++j) {
-            R = R + cosine(j * k, N) * t[j];
-            I = I - sine(j * k, N) * u[j];
-        }
-        X.bins[k] = {R, I};
+        X.bins[k].re = x[0] + cosine(k, N) * t[1];
+        for (int j = 2; j <= half; ++j)
+            X.bins[k].re = X.bins[k].re + cosine(j * k, N) * t[j];
+    }
+    Values u(half + 1);
+    for (int j = 1; j <= half; ++j)
+        u[j] = x[j] - x[N - j];
+    for (int k = 1; k <= half; ++k) {
+        X.bins[k].im = -(sine(k, N) * u[1]);
+        for (int j = 2; j <= half; ++j)
+            X.bins[k].im = X.bins[k].im - sine(j * k, N) * u[j];
     }
     return X;
 }
@@ -57,15 +59,18 @@ Values directInverse(const HalfSpectrum& X)
     y[0] = X.bins[0].re;
     for (int k = 1; k <= half; ++k)
         y[0] = y[0] + X.bins[k].re;
+    Values A(half + 1);
     for (int n = 1; n <= half; ++n) {
-        Value A = X.bins[0].re + cosine(n, N) * X.bins[1].re;
+        A[n] = X.bins[0].re + cosine(n, N) * X.bins[1].re;
+        for (int k = 2; k <= half; ++k)
+            A[n] = A[n] + cosine(n * k, N) * X.bins[k].re;
+    }
+    for (int n = 1; n <= half; ++n) {
         Value B = sine(n, N) * X.bins[1].im;
-        for (int k = 2; k <= half; ++k) {
-            A = A + cosine(n * k, N) * X.bins[k].re;
+        for (int k = 2; k <= half; ++k)
             B = B + sine(n * k, N) * X.bins[k].im;
-        }
-        y[n] = A - B;
-        y[N - n] = A + B;
+        y[n] = A[n] - B;
+        y[N - n] = A[n] + B;
     }
     return y;
 }

@@ -71,7 +71,7 @@ private:
     {
         const bool isWide = formats_[node].held != body_.format;
         const char* prefix = graph_.nodes[node].op == Op::Load ? "x" : isWide ? "w" : "v";
-        return prefix + std::to_string(node);
+        return std::string(prefix) + std::to_string(node);
     }
 
     std::string operand(int node, Format computed) const

@@ -1,0 +1,292 @@
+// The built library is what it claims to be: straight-line scalar kernels that do the planned
+// operations and nothing else, dispatchers of one comparison and one indexed jump, and a file that
+// exports what the header declares and needs nothing beyond librvncore and the C library.
+//
+// It reads the machine code and the tables of the file, so it belongs to optimised builds.
+// LIBRARY, HEADER and PREPROCESSOR are paths; OBJECT_LIST names a file listing the object files.
+
+#include "kernels.h"
+#include "wht_kernels.h"
+
+#include "dft_complex/plans.h"
+
+#include <algorithm>
+#include <fstream>
+#include <map>
+#include <regex>
+#include <set>
+#include <sstream>
+
+namespace rvn::tests
+{
+
+namespace
+{
+
+constexpr int stackLimit = 8192;
+constexpr int redZone = 128; // below the stack pointer, free for functions that call none
+
+struct Instruction {
+    unsigned long address;
+    std::string mnemonic;
+    std::string operands; // AT&T order: the destination last
+};
+
+using Code = std::vector<Instruction>;
+
+std::vector<std::string> linesOf(const std::string& command)
+{
+    std::string output;
+    FILE* const pipe = popen(command.c_str(), "r");
+    for (int c = std::getc(pipe); c != EOF; c = std::getc(pipe))
+        output += static_cast<char>(c);
+    EXPECT_EQ(pclose(pipe), 0) << command;
+    std::istringstream text(output);
+    std::vector<std::string> lines;
+    for (std::string line; std::getline(text, line);)
+        lines.push_back(line);
+    return lines;
+}
+
+// A function's instructions without padding, by its name.
+const std::map<std::string, Code>& functions()
+{
+    static const std::map<std::string, Code> all = [] {
+        const std::regex form(R"( *([0-9a-f]+):\t(\w+)( +([^#<]*[^#< ]))?.*)");
+        std::map<std::string, Code> functions;
+        Code* current = nullptr;
+        std::smatch match;
+        for (const std::string& line : linesOf("objdump -d --no-show-raw-insn " LIBRARY)) {
+            if (line.ends_with(">:"))
+                current = &functions[line.substr(18, line.size() - 20)];
+            else if (std::regex_match(line, match, form) && match[2] != "nop" &&
+                     match[2] != "nopw" && match[2] != "nopl" && match[2] != "xchg" &&
+                     match[2] != "cs" && match[2] != "data16")
+                current->push_back({std::stoul(match[1], nullptr, 16), match[2], match[4]});
+        }
+        return functions;
+    }();
+    return all;
+}
+
+struct NamedCode {
+    std::string name;
+    int length;
+    const Code& code;
+};
+
+std::vector<NamedCode> everyKernelsCode()
+{
+    std::vector<NamedCode> kernels;
+    for (const auto& kernel : everyKernel<Rvn32fc>())
+        kernels.push_back({kernel.name, kernel.length, functions().at(kernel.name)});
+    for (const auto& kernel : everyKernel<Rvn64fc>())
+        kernels.push_back({kernel.name, kernel.length, functions().at(kernel.name)});
+    return kernels;
+}
+
+bool isAddition(const Instruction& instruction)
+{
+    static const std::set<std::string> additions = {"addss", "addsd", "subss", "subsd"};
+    return additions.contains(instruction.mnemonic);
+}
+
+bool isMultiplication(const Instruction& instruction)
+{
+    return instruction.mnemonic == "mulss" || instruction.mnemonic == "mulsd";
+}
+
+bool isArithmetic(const Instruction& instruction)
+{
+    return isAddition(instruction) || isMultiplication(instruction);
+}
+
+// No jump between the first and the last operation, and none that lands there.
+void expectStraightLine(const std::string& name, const Code& code)
+{
+    const auto first = std::ranges::find_if(code, isArithmetic);
+    const auto last = std::find_if(code.rbegin(), code.rend(), isArithmetic) + 1;
+    for (auto i = code.begin(); i != code.end(); ++i) {
+        if (!i->mnemonic.starts_with('j'))
+            continue;
+        const unsigned long target = std::stoul(i->operands, nullptr, 16);
+        EXPECT_TRUE(i < first || last.base() < i) << name;
+        EXPECT_TRUE(target <= first->address || last->address < target) << name;
+    }
+}
+
+bool isPacked(const Instruction& instruction)
+{
+    static const std::regex packed(
+        "v?(add|sub|mul|div|sqrt|hadd|hsub|addsub|fn?m(add|sub).*)p[sd].*");
+    return std::regex_match(instruction.mnemonic, packed);
+}
+
+TEST(Binary, KernelsAreScalarCodeWithoutCalls)
+{
+    const std::regex known("((add|sub|mul)s[sd]|cvt(ss2sd|sd2ss)|mov(ss|sd|aps|apd|d|q)?"
+                           "|test|cmp|j[a-z]+|add|sub|ret) .*|(xor|pxor|xorp[sd]) (%\\w+),\\6");
+    for (const auto& [name, length, code] : everyKernelsCode())
+        for (const auto& [address, mnemonic, operands] : code)
+            ASSERT_TRUE(std::regex_match(mnemonic + " " + operands, known)) << name << mnemonic;
+}
+
+TEST(Binary, KernelsDoThePlannedOperationsInOneStraightLine)
+{
+    for (const auto& [name, length, code] : everyKernelsCode()) {
+        const dft_complex::ComplexPlan& plan = dft_complex::complexPlan(length);
+        EXPECT_EQ(std::ranges::count_if(code, isAddition), plan.additions) << name;
+        EXPECT_EQ(std::ranges::count_if(code, isMultiplication), plan.multiplications + 2 * length)
+            << name;
+        expectStraightLine(name, code);
+    }
+}
+
+// Constants are addressed by %rip, the frame by %rsp, and one register each holds src and dst.
+// Loops around straight bodies from order 8 up, but scalar like the rest: half of the additions are
+// subtractions at every order that is one straight line.
+TEST(Binary, WalshHadamardKernelsAreScalarAndDoTheirButterflies)
+{
+    const auto check = [](const std::string& name, int order) {
+        const Code& code = functions().at(name);
+        const auto count = [&code](const std::string& start) {
+            return std::ranges::count_if(code, [&start](const Instruction& instruction) {
+                return instruction.mnemonic.starts_with(start);
+            });
+        };
+        EXPECT_EQ(std::ranges::count_if(code, isPacked), 0) << name;
+        EXPECT_EQ(count("cvt"), 0) << name << " converts";
+        if (order > 7)
+            return;
+        const int half = order << (order - 1);
+        EXPECT_EQ(count("adds"), half) << name;
+        EXPECT_EQ(count("subs"), half) << name;
+        EXPECT_EQ(std::ranges::count_if(code, isMultiplication), 1 << order) << name;
+        EXPECT_EQ(count("call"), 0) << name;
+        expectStraightLine(name, code);
+    };
+    for (const auto& kernel : everyWhtKernel<float>())
+        check(kernel.name, kernel.order);
+    for (const auto& kernel : everyWhtKernel<double>())
+        check(kernel.name, kernel.order);
+}
+
+TEST(Binary, KernelsReadSrcThenWriteDstAndUseTheirFrame)
+{
+    const std::regex address(R"(.*\(%(\w+)\)(,.*)?)");
+    std::smatch match;
+    for (const auto& [name, length, code] : everyKernelsCode()) {
+        std::set<std::string> read, written;
+        for (const Instruction& instruction : code) {
+            if (instruction.operands.find('(') == std::string::npos)
+                continue;
+            ASSERT_TRUE(std::regex_match(instruction.operands, match, address)) << name;
+            const bool isWrite = !match[2].matched;
+            if (match[1] == "rsp" || (match[1] == "rip" && !isWrite))
+                continue;
+            (isWrite ? written : read).insert(match[1]);
+            ASSERT_TRUE(isWrite || written.empty()) << name << " reads after it has written";
+        }
+        EXPECT_TRUE(read.size() == 1 && written.size() == 1 && read != written) << name;
+    }
+}
+
+TEST(Binary, FramesStayBelow8KiB)
+{
+    // 128 is written as -128 with the opposite sign, since that fits a byte.
+    const std::regex frame(R"(\$0x([0-9a-f]+),%rsp)");
+    std::smatch match;
+    for (const auto& [name, length, code] : everyKernelsCode())
+        for (const Instruction& instruction : code)
+            if (std::regex_match(instruction.operands, match, frame)) {
+                const auto bytes = static_cast<long>(std::stoul(match[1], nullptr, 16));
+                EXPECT_LT(std::abs(bytes) + redZone, stackLimit) << name;
+            }
+
+    // The compiler's own account beside every object file.
+    const std::regex row(R"(.*\b(rvng\w+)\(.*\t(\d+)\t(\w+))");
+    std::set<std::string> accounted;
+    std::ifstream objects(OBJECT_LIST);
+    for (std::string object; std::getline(objects, object);) {
+        std::ifstream usage(object.substr(0, object.rfind('.')) + ".su");
+        for (std::string line; std::getline(usage, line);)
+            if (std::regex_match(line, match, row)) {
+                accounted.insert(match[1]);
+                EXPECT_LT(std::stoi(match[2]) + redZone, stackLimit) << line;
+                EXPECT_EQ(match[3], "static") << line;
+            }
+    }
+    for (const NamedCode& kernel : everyKernelsCode())
+        EXPECT_TRUE(accounted.contains(kernel.name)) << kernel.name;
+}
+
+TEST(Binary, DispatchersAreOneComparisonAndOneIndexedJump)
+{
+    for (const std::string name :
+         {"rvngDFTFwd_CToC_32fc", "rvngDFTFwd_CToC_64fc", "rvngDFTInv_CToC_32fc",
+          "rvngDFTInv_CToC_64fc", "rvngWHT_32f", "rvngWHT_64f"}) {
+        std::string control;
+        for (const auto& [address, mnemonic, operands] : functions().at(name))
+            if (mnemonic == "cmp" || mnemonic == "test" || mnemonic == "call")
+                control += mnemonic + " ";
+            else if (mnemonic.starts_with('j'))
+                control += operands.starts_with('*') ? "indirect " : mnemonic + " ";
+            else if (operands.find(",8),") != std::string::npos)
+                control += "table ";
+        EXPECT_EQ(control, "cmp ja table indirect ") << name;
+    }
+}
+
+TEST(Binary, ExportsAreExactlyTheHeadersDeclarations)
+{
+    std::set<std::string> declared;
+    const std::regex declaration(R"(\b(rvng\w+)\()");
+    for (const std::string& line : linesOf(PREPROCESSOR " -E -P " HEADER))
+        for (std::sregex_iterator name(line.begin(), line.end(), declaration), end; name != end;
+             ++name)
+            declared.insert((*name)[1]);
+    std::set<std::string> exported;
+    for (const std::string& line : linesOf("nm -D --defined-only " LIBRARY))
+        if (!line.empty())
+            exported.insert(line.substr(line.rfind(' ') + 1));
+    EXPECT_EQ(exported, declared);
+    EXPECT_EQ(exported.size(), 4u * 64 + 2 * 14 + 2 + 1);
+}
+
+TEST(Binary, TheFileNeedsNothingAndKeepsNoState)
+{
+    EXPECT_TRUE(std::string(LIBRARY).ends_with("/librvngenmx.so.6.1"));
+    std::ostringstream dynamic;
+    for (const std::string& line : linesOf("readelf -dW " LIBRARY)) {
+        dynamic << line << "\n";
+        EXPECT_TRUE(line.find("(NEEDED)") == line.npos || line.find("[libc.so.6]") != line.npos ||
+                    line.find("[librvncore.so]") != line.npos)
+            << line;
+    }
+    EXPECT_NE(dynamic.str().find("Library soname: [librvngenmx.so.6.1]"), std::string::npos);
+    EXPECT_EQ(dynamic.str().find("TEXTREL"), std::string::npos);
+
+    EXPECT_NE(dynamic.str().find("Library runpath: [$ORIGIN]"), std::string::npos);
+
+    // The weak references of the toolchain's startup code, work memory, and at most the C library.
+    for (const std::string& line : linesOf("nm -D --undefined-only " LIBRARY))
+        EXPECT_TRUE(line.empty() || line.find(" w ") != line.npos ||
+                    line.find("@GLIBC_") != line.npos || line.ends_with(" U rvnMalloc") ||
+                    line.ends_with(" U rvnFree"))
+            << line;
+
+    // Startup code and its one flag: the toolchain's eight bytes in each section, none of ours.
+    const std::regex section(R"(.*\] (\.\w+)\s+\w+\s+[0-9a-f]+ [0-9a-f]+ ([0-9a-f]+) .*)");
+    std::map<std::string, int> sizes;
+    std::smatch match;
+    for (const std::string& line : linesOf("readelf -SW " LIBRARY))
+        if (std::regex_match(line, match, section))
+            sizes[match[1]] = std::stoi(match[2], nullptr, 16);
+    for (const std::string name : {".init_array", ".fini_array", ".data", ".bss"})
+        EXPECT_LE(sizes[name], 8) << name;
+    EXPECT_GT(sizes[".text"], 0);
+}
+
+} // namespace
+
+} // namespace rvn::tests
