@@ -1,8 +1,8 @@
 /* rvngenmx.h - small, fast linear transforms for signal processing.
  *
- * Every transform of a fixed length is one exported function, a kernel: straight-line scalar
- * arithmetic, no table, no state, no allocation. A dispatcher per family takes the length at run
- * time. The header is C99 and C++.
+ * Every transform of a fixed length is one exported function, a kernel: scalar arithmetic, no
+ * table, no state, no allocation (but for the work memory of long Walsh-Hadamard transforms). A
+ * dispatcher per family takes the length at run time. The header is C99 and C++.
  *
  * A complete program, the spectrum of four complex samples:
  *
@@ -22,20 +22,21 @@
  *
  * Conventions of every function below
  *
- *   Names       rvng<Transform>_<length>_<element> is a kernel, without the length a dispatcher.
- *   Elements    32f, 64f: one IEEE-754 binary32 or binary64 value; 32fc, 64fc: a pair of them, real
- *               part first. Arrays are plain and contiguous.
- *   Statuses    In this order of precedence: a dispatcher returns RvnStatusSizeError for a length
- *               out of range; a kernel returns RvnStatusNullPointer for a null src, then for a null
- *               dst, then RvnStatusFlagError for a flag other than 1, 2, 4, 8; else
+ *   Names       rvng<Transform>_<length>_<element> is a kernel, without the length a dispatcher;
+ * the Walsh-Hadamard transform has its order in place of a length. Elements    32f, 64f: one
+ * IEEE-754 binary32 or binary64 value; 32fc, 64fc: a pair of them, real part first. Arrays are
+ * plain and contiguous. Statuses    In this order of precedence: a dispatcher returns
+ * RvnStatusSizeError for a length out of range; a kernel returns RvnStatusNullPointer for a null
+ * src, then for a null dst, then RvnStatusFlagError for a flag other than 1, 2, 4, 8; else
  *               RvnStatusNoError. A refused call has read and written nothing. Values are never
  *               tested: NaN and infinity run through the arithmetic.
  *   Aliasing    A kernel finishes all reads of src before its first write to dst: they may be equal
  *               or overlap in any way. No alignment is needed, not even that of an element.
- *   Threads     Kernels and dispatchers are pure functions of their arguments; they neither read
- *               nor change the floating-point environment.
- *   Stack       A kernel uses its stack frame and nothing else, at most 8 KiB. (Walsh-Hadamard
- *               orders 8 to 13 also use work memory; see there.)
+ *   Threads     Kernels and dispatchers are pure functions of their arguments and of the calling
+ *               thread's rounding mode and treatment of subnormals, which they do not change. Their
+ *               arithmetic raises the status flags of IEEE-754 like any other.
+ *   Stack       A kernel uses its stack frame and nothing else, at most 8 KiB in the optimised
+ *               build. (Walsh-Hadamard orders 8 to 13 also use work memory; see there.)
  *
  * The scale factor S that a flag selects, N the length:
  *
@@ -43,12 +44,15 @@
  *                                         1               2                4             8
  *     rvngDFTFwd_...                    1/N               1        1/sqrt(N)             1
  *     rvngDFTInv_...                      1             1/N        1/sqrt(N)             1
- *     rvngWHT_...                       1/N             1/N        1/sqrt(N)             1
+ *     rvngHartley_..., rvngWHT_...      1/N             1/N        1/sqrt(N)             1
+ *
+ * In 64f and 64fc, 1/sqrt(N) is the value of 1.0 / sqrt(N), rounded twice; in 32f and 32fc that
+ * value rounded to binary32.
  *
  * A forward DFT followed by an inverse one with the same flag returns the input for flags 1, 2 and
- * 4, and N times the input for flag 8. The Walsh-Hadamard transform is its own inverse up to N:
- * applied twice, it returns the input for flag 4, N times the input for flag 8, and the input
- * divided by N for flags 1 and 2.
+ * 4, and N times the input for flag 8. The Hartley and the Walsh-Hadamard transform are their own
+ * inverses up to N: applied twice, they return the input for flag 4, N times the input for flag 8,
+ * and the input divided by N for flags 1 and 2.
  */
 #ifndef RVNGENMX_H
 #define RVNGENMX_H
@@ -180,6 +184,84 @@ RVNG_LENGTHS_2_TO_64(RVNG_DECLARE_KERNEL, rvngDFTFwd_CToC, 64fc, Rvn64fc)
 RVNG_LENGTHS_2_TO_64(RVNG_DECLARE_KERNEL, rvngDFTInv_CToC, 32fc, Rvn32fc)
 RVNG_LENGTHS_2_TO_64(RVNG_DECLARE_KERNEL, rvngDFTInv_CToC, 64fc, Rvn64fc)
 
+/* ---- Real DFT ------------------------------------------------------------------------------- */
+
+/* Discrete Fourier transform of N real numbers, and back:
+ *
+ *     X[k] = sum over n of x[n] * exp(-2 pi i n k / N) = R(k) + i I(k),  k = 0 to N/2,
+ *
+ * of which the forward transform writes S * R(k) and S * I(k), in one of three layouts. The inverse
+ * takes such a spectrum for the half of a conjugate-symmetric one:
+ *
+ *     y[n] = S * (R(0) + 2 * sum over k of (R(k) cos(2 pi n k / N) - I(k) sin(2 pi n k / N))
+ *                 + (-1)^n R(N/2)),  k = 1 to (N - 1)/2, the last term for even N only.
+ *
+ * The signal holds N elements. The layouts, slot by slot, for N = 8 and N = 7:
+ *
+ *     slot        0     1     2     3     4     5     6     7     8     9
+ *     CCS   8   R(0)    0   R(1)  I(1)  R(2)  I(2)  R(3)  I(3)  R(4)    0
+ *     Pack  8   R(0)  R(1)  I(1)  R(2)  I(2)  R(3)  I(3)  R(4)
+ *     Perm  8   R(0)  R(4)  R(1)  I(1)  R(2)  I(2)  R(3)  I(3)
+ *     CCS   7   R(0)    0   R(1)  I(1)  R(2)  I(2)  R(3)  I(3)
+ *     Pack  7   R(0)  R(1)  I(1)  R(2)  I(2)  R(3)  I(3)             Perm 7 is the same
+ *
+ * CCS holds N + 2 elements for even and N + 1 for odd N, pairs of a complex array; Pack and Perm
+ * hold N. The forward transform stores +0.0 in the slots shown as 0 whatever the input, the inverse
+ * never reads them. The layouts hold the same values, bit for bit. The inverse doubles R(k) and
+ * I(k) first: above half of the largest finite number that may become infinite.
+ *
+ * The arithmetic is a plan of its own, about half of the complex one of the length: each stage
+ * knows which of its values are real and which are conjugates of others, and forms half of them.
+ * In 32f, expressions with constants are evaluated in binary64 and rounded once.
+ */
+
+/* The dispatchers, for len from 2 to 64: */
+#define RVNG_DECLARE_REAL_DISPATCHER(transform)                                                    \
+    RVNG_API RvnStatus transform##_32f(const float* src, float* dst, int32_t len,                  \
+                                       RvnScaleFlag flag);                                         \
+    RVNG_API RvnStatus transform##_64f(const double* src, double* dst, int32_t len,                \
+                                       RvnScaleFlag flag);
+RVNG_DECLARE_REAL_DISPATCHER(rvngDFTFwd_RToCCS)
+RVNG_DECLARE_REAL_DISPATCHER(rvngDFTFwd_RToPack)
+RVNG_DECLARE_REAL_DISPATCHER(rvngDFTFwd_RToPerm)
+RVNG_DECLARE_REAL_DISPATCHER(rvngDFTInv_CCSToR)
+RVNG_DECLARE_REAL_DISPATCHER(rvngDFTInv_PackToR)
+RVNG_DECLARE_REAL_DISPATCHER(rvngDFTInv_PermToR)
+
+/* The kernels:  RvnStatus rvngDFTFwd_RToCCS_<N>_32f(const float* src, float* dst,
+ *                                                   RvnScaleFlag flag);
+ * and the like with the other five transforms and with 64f and double, for every N from 2 to 64. */
+RVNG_LENGTHS_2_TO_64(RVNG_DECLARE_KERNEL, rvngDFTFwd_RToCCS, 32f, float)
+RVNG_LENGTHS_2_TO_64(RVNG_DECLARE_KERNEL, rvngDFTFwd_RToCCS, 64f, double)
+RVNG_LENGTHS_2_TO_64(RVNG_DECLARE_KERNEL, rvngDFTFwd_RToPack, 32f, float)
+RVNG_LENGTHS_2_TO_64(RVNG_DECLARE_KERNEL, rvngDFTFwd_RToPack, 64f, double)
+RVNG_LENGTHS_2_TO_64(RVNG_DECLARE_KERNEL, rvngDFTFwd_RToPerm, 32f, float)
+RVNG_LENGTHS_2_TO_64(RVNG_DECLARE_KERNEL, rvngDFTFwd_RToPerm, 64f, double)
+RVNG_LENGTHS_2_TO_64(RVNG_DECLARE_KERNEL, rvngDFTInv_CCSToR, 32f, float)
+RVNG_LENGTHS_2_TO_64(RVNG_DECLARE_KERNEL, rvngDFTInv_CCSToR, 64f, double)
+RVNG_LENGTHS_2_TO_64(RVNG_DECLARE_KERNEL, rvngDFTInv_PackToR, 32f, float)
+RVNG_LENGTHS_2_TO_64(RVNG_DECLARE_KERNEL, rvngDFTInv_PackToR, 64f, double)
+RVNG_LENGTHS_2_TO_64(RVNG_DECLARE_KERNEL, rvngDFTInv_PermToR, 32f, float)
+RVNG_LENGTHS_2_TO_64(RVNG_DECLARE_KERNEL, rvngDFTInv_PermToR, 64f, double)
+
+/* ---- Hartley transform ---------------------------------------------------------------------- */
+
+/* Discrete Hartley transform of N real numbers, in natural order:
+ *
+ *     dst[k] = S * sum over n of src[n] * (cos(2 pi n k / N) + sin(2 pi n k / N)), k = 0 to N - 1.
+ *
+ * src and dst hold N elements each. The kernels are those of the real DFT with a layer of additions
+ * on their outputs or on their inputs. */
+
+/* The dispatchers, for len from 2 to 64: */
+RVNG_DECLARE_REAL_DISPATCHER(rvngHartley)
+
+/* The kernels:  RvnStatus rvngHartley_<N>_32f(const float* src, float* dst, RvnScaleFlag flag);
+ * and the like with 64f and double, for every N from 2 to 64. */
+RVNG_LENGTHS_2_TO_64(RVNG_DECLARE_KERNEL, rvngHartley, 32f, float)
+RVNG_LENGTHS_2_TO_64(RVNG_DECLARE_KERNEL, rvngHartley, 64f, double)
+
+#undef RVNG_DECLARE_REAL_DISPATCHER
 #undef RVNG_DECLARE_KERNEL
 
 /* ---- Walsh-Hadamard transform --------------------------------------------------------------- */
@@ -191,9 +273,10 @@ RVNG_LENGTHS_2_TO_64(RVNG_DECLARE_KERNEL, rvngDFTInv_CToC, 64fc, Rvn64fc)
  *
  * with i and j from 0 to N - 1. src and dst hold N elements each.
  *
- * The result is, bit for bit, that of the loop over h = 1, 2, 4, ..., N/2 that replaces each pair
- * (a[i], a[i + h]) by its sum and its difference, and of one multiplication by S at the end: n N/2
- * additions, as many subtractions, N multiplications, each rounded to the element type.
+ * The result is, bit for bit (of a NaN only that it is one), that of the loop over h = 1, 2, 4,
+ * ..., N/2 that replaces each pair (a[i], a[i + h]) by its sum and its difference, and of one
+ * multiplication by S at the end: k N/2 additions, as many subtractions, N multiplications, each
+ * rounded to the element type.
  *
  * Work memory: orders 1 to 7 need none and ignore `buffer`. Orders 8 to 13 use the number of bytes
  * that rvngWHTGetBufferSize_32f or _64f tells, at `buffer`, of any alignment and content, which
@@ -221,8 +304,8 @@ RVNG_API RvnStatus rvngWHTGetBufferSize_64f(int32_t order, int32_t* size);
 #define RVNG_DECLARE_WHT_KERNEL(k, suffix, element, unused)                                        \
     RVNG_API RvnStatus rvngWHT_##k##_##suffix(const element* src, element* dst, RvnScaleFlag flag, \
                                               void* buffer);
-RVNG_ORDERS_1_TO_13(RVNG_DECLARE_WHT_KERNEL, 32f, float, )
-RVNG_ORDERS_1_TO_13(RVNG_DECLARE_WHT_KERNEL, 64f, double, )
+RVNG_ORDERS_1_TO_13(RVNG_DECLARE_WHT_KERNEL, 32f, float, unused)
+RVNG_ORDERS_1_TO_13(RVNG_DECLARE_WHT_KERNEL, 64f, double, unused)
 #undef RVNG_DECLARE_WHT_KERNEL
 
 #ifdef __cplusplus

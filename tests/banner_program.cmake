@@ -13,7 +13,7 @@ endif()
 math(EXPR length "${end} - ${begin} + 9")
 string(SUBSTRING "${text}" ${begin} ${length} program)
 string(REGEX REPLACE "(^|\n) \\*( |     )?" "\\1" program "${program}")
-file(WRITE ${FOLDER}/banner_program.c "${program}")
+file(WRITE ${FOLDER}/banner_program.c "${program}\n")
 
 get_filename_component(include ${HEADER} DIRECTORY)
 get_filename_component(libraryFolder ${LIBRARY} DIRECTORY)

@@ -5,10 +5,12 @@
 // It reads the machine code and the tables of the file, so it belongs to optimised builds.
 // LIBRARY, HEADER and PREPROCESSOR are paths; OBJECT_LIST names a file listing the object files.
 
-#include "kernels.h"
+#include "real_kernels.h"
 #include "wht_kernels.h"
 
 #include "dft_complex/plans.h"
+#include "dft_real/plans.h"
+#include "hartley/plans.h"
 
 #include <algorithm>
 #include <fstream>
@@ -56,7 +58,7 @@ const std::map<std::string, Code>& functions()
         std::map<std::string, Code> functions;
         Code* current = nullptr;
         std::smatch match;
-        for (const std::string& line : linesOf("objdump -d --no-show-raw-insn " LIBRARY)) {
+        for (const std::string& line : linesOf("objdump -d --no-show-raw-insn '" LIBRARY "'")) {
             if (line.ends_with(">:"))
                 current = &functions[line.substr(18, line.size() - 20)];
             else if (std::regex_match(line, match, form) && match[2] != "nop" &&
@@ -69,19 +71,50 @@ const std::map<std::string, Code>& functions()
     return all;
 }
 
-struct NamedCode {
-    std::string name;
-    int length;
-    const Code& code;
+// What a plan says that a kernel does, products by S included. A doubling may be compiled to a sum.
+struct Operations {
+    int additions;
+    int multiplications;
+    int doublings = 0;
 };
 
+Operations operationsOf(const Kernel<Rvn64fc>& kernel)
+{
+    const dft_complex::ComplexPlan& plan = dft_complex::complexPlan(kernel.length);
+    return {plan.additions, plan.multiplications + 2 * kernel.length};
+}
+
+Operations operationsOf(const RealKernel<double>& kernel)
+{
+    if (kernel.form == Form::Hartley) {
+        const hartley::HartleyPlan& plan = hartley::hartleyPlans()[kernel.length - 2];
+        return {plan.additions, plan.multiplications};
+    }
+    if (kernel.isForward()) {
+        const dft_real::ForwardPlan& plan = dft_real::forwardPlans()[kernel.length - 2];
+        return {plan.additions, plan.multiplications};
+    }
+    const dft_real::InversePlan& plan = dft_real::inversePlans()[kernel.length - 2];
+    return {plan.additions, plan.multiplications, plan.doublings};
+}
+
+struct NamedCode {
+    std::string name;
+    const Code& code;
+    Operations planned;
+};
+
+// The complex, real and Hartley kernels. Both precisions of a row do the same operations.
 std::vector<NamedCode> everyKernelsCode()
 {
     std::vector<NamedCode> kernels;
-    for (const auto& kernel : everyKernel<Rvn32fc>())
-        kernels.push_back({kernel.name, kernel.length, functions().at(kernel.name)});
-    for (const auto& kernel : everyKernel<Rvn64fc>())
-        kernels.push_back({kernel.name, kernel.length, functions().at(kernel.name)});
+    const auto add = [&kernels](const auto& narrow, const auto& wide) {
+        for (std::size_t row = 0; row < wide.size(); ++row)
+            for (const std::string& name : {narrow[row].name, wide[row].name})
+                kernels.push_back({name, functions().at(name), operationsOf(wide[row])});
+    };
+    add(everyKernel<Rvn32fc>(), everyKernel<Rvn64fc>());
+    add(everyRealKernel<float>(), everyRealKernel<double>());
     return kernels;
 }
 
@@ -124,25 +157,44 @@ bool isPacked(const Instruction& instruction)
 
 TEST(Binary, KernelsAreScalarCodeWithoutCalls)
 {
-    const std::regex known("((add|sub|mul)s[sd]|cvt(ss2sd|sd2ss)|mov(ss|sd|aps|apd|d|q)?"
-                           "|test|cmp|j[a-z]+|add|sub|ret) .*|(xor|pxor|xorp[sd]) (%\\w+),\\6");
-    for (const auto& [name, length, code] : everyKernelsCode())
+    // pop may release a frame of eight bytes, dec may compare a flag with 1.
+    const std::regex known(
+        "((add|sub|mul)s[sd]|cvt(ss2sd|sd2ss)|mov(ss|sd|aps|apd|d|q|l)?"
+        "|test|cmp|j[a-z]+|add|sub|dec|pop|ret) .*|(xor|pxor|xorp[sd]) (%\\w+),\\6");
+    for (const auto& [name, code, planned] : everyKernelsCode())
         for (const auto& [address, mnemonic, operands] : code)
             ASSERT_TRUE(std::regex_match(mnemonic + " " + operands, known)) << name << mnemonic;
 }
 
 TEST(Binary, KernelsDoThePlannedOperationsInOneStraightLine)
 {
-    for (const auto& [name, length, code] : everyKernelsCode()) {
-        const dft_complex::ComplexPlan& plan = dft_complex::complexPlan(length);
-        EXPECT_EQ(std::ranges::count_if(code, isAddition), plan.additions) << name;
-        EXPECT_EQ(std::ranges::count_if(code, isMultiplication), plan.multiplications + 2 * length)
-            << name;
+    for (const auto& [name, code, planned] : everyKernelsCode()) {
+        const auto additions = std::ranges::count_if(code, isAddition);
+        const auto multiplications = std::ranges::count_if(code, isMultiplication);
+        EXPECT_EQ(additions + multiplications, planned.additions + planned.multiplications) << name;
+        EXPECT_GE(additions, planned.additions) << name;
+        EXPECT_LE(additions, planned.additions + planned.doublings) << name;
         expectStraightLine(name, code);
     }
 }
 
-// Constants are addressed by %rip, the frame by %rsp, and one register each holds src and dst.
+// Nothing in the file but what is exported and the toolchain's start-up code, so that no kernel has
+// a helper, and no packed arithmetic anywhere.
+TEST(Binary, TheFileHoldsScalarExportedFunctionsOnly)
+{
+    const std::set<std::string> startUp = {"_init",
+                                           "_fini",
+                                           "deregister_tm_clones",
+                                           "register_tm_clones",
+                                           "__do_global_dtors_aux",
+                                           "frame_dummy"};
+    for (const auto& [name, code] : functions()) {
+        const bool isLinkage = name.find("@plt") != std::string::npos;
+        EXPECT_TRUE(name.starts_with("rvng") || startUp.contains(name) || isLinkage) << name;
+        EXPECT_EQ(std::ranges::count_if(code, isPacked), 0) << name;
+    }
+}
+
 // Loops around straight bodies from order 8 up, but scalar like the rest: half of the additions are
 // subtractions at every order that is one straight line.
 TEST(Binary, WalshHadamardKernelsAreScalarAndDoTheirButterflies)
@@ -154,10 +206,11 @@ TEST(Binary, WalshHadamardKernelsAreScalarAndDoTheirButterflies)
                 return instruction.mnemonic.starts_with(start);
             });
         };
-        EXPECT_EQ(std::ranges::count_if(code, isPacked), 0) << name;
         EXPECT_EQ(count("cvt"), 0) << name << " converts";
-        if (order > 7)
+        if (order > 7) {
+            EXPECT_LE(count("call"), 2) << name << " calls more than rvnMalloc and rvnFree";
             return;
+        }
         const int half = order << (order - 1);
         EXPECT_EQ(count("adds"), half) << name;
         EXPECT_EQ(count("subs"), half) << name;
@@ -171,11 +224,12 @@ TEST(Binary, WalshHadamardKernelsAreScalarAndDoTheirButterflies)
         check(kernel.name, kernel.order);
 }
 
+// Constants are addressed by %rip, the frame by %rsp, and one register each holds src and dst.
 TEST(Binary, KernelsReadSrcThenWriteDstAndUseTheirFrame)
 {
     const std::regex address(R"(.*\(%(\w+)\)(,.*)?)");
     std::smatch match;
-    for (const auto& [name, length, code] : everyKernelsCode()) {
+    for (const auto& [name, code, planned] : everyKernelsCode()) {
         std::set<std::string> read, written;
         for (const Instruction& instruction : code) {
             if (instruction.operands.find('(') == std::string::npos)
@@ -196,7 +250,7 @@ TEST(Binary, FramesStayBelow8KiB)
     // 128 is written as -128 with the opposite sign, since that fits a byte.
     const std::regex frame(R"(\$0x([0-9a-f]+),%rsp)");
     std::smatch match;
-    for (const auto& [name, length, code] : everyKernelsCode())
+    for (const auto& [name, code, planned] : everyKernelsCode())
         for (const Instruction& instruction : code)
             if (std::regex_match(instruction.operands, match, frame)) {
                 const auto bytes = static_cast<long>(std::stoul(match[1], nullptr, 16));
@@ -218,13 +272,19 @@ TEST(Binary, FramesStayBelow8KiB)
     }
     for (const NamedCode& kernel : everyKernelsCode())
         EXPECT_TRUE(accounted.contains(kernel.name)) << kernel.name;
+    for (const auto& kernel : everyWhtKernel<float>())
+        EXPECT_TRUE(accounted.contains(kernel.name)) << kernel.name;
+    for (const auto& kernel : everyWhtKernel<double>())
+        EXPECT_TRUE(accounted.contains(kernel.name)) << kernel.name;
 }
 
 TEST(Binary, DispatchersAreOneComparisonAndOneIndexedJump)
 {
-    for (const std::string name :
-         {"rvngDFTFwd_CToC_32fc", "rvngDFTFwd_CToC_64fc", "rvngDFTInv_CToC_32fc",
-          "rvngDFTInv_CToC_64fc", "rvngWHT_32f", "rvngWHT_64f"}) {
+    std::set<std::string> dispatchers = {"rvngWHT_32f", "rvngWHT_64f"};
+    for (const NamedCode& kernel : everyKernelsCode())
+        dispatchers.insert(std::regex_replace(kernel.name, std::regex("_[0-9]+_"), "_"));
+    EXPECT_EQ(dispatchers.size(), 4u + 12 + 2 + 2);
+    for (const std::string& name : dispatchers) {
         std::string control;
         for (const auto& [address, mnemonic, operands] : functions().at(name))
             if (mnemonic == "cmp" || mnemonic == "test" || mnemonic == "call")
@@ -241,23 +301,23 @@ TEST(Binary, ExportsAreExactlyTheHeadersDeclarations)
 {
     std::set<std::string> declared;
     const std::regex declaration(R"(\b(rvng\w+)\()");
-    for (const std::string& line : linesOf(PREPROCESSOR " -E -P " HEADER))
+    for (const std::string& line : linesOf("'" PREPROCESSOR "' -E -P '" HEADER "'"))
         for (std::sregex_iterator name(line.begin(), line.end(), declaration), end; name != end;
              ++name)
             declared.insert((*name)[1]);
     std::set<std::string> exported;
-    for (const std::string& line : linesOf("nm -D --defined-only " LIBRARY))
+    for (const std::string& line : linesOf("nm -D --defined-only '" LIBRARY "'"))
         if (!line.empty())
             exported.insert(line.substr(line.rfind(' ') + 1));
     EXPECT_EQ(exported, declared);
-    EXPECT_EQ(exported.size(), 4u * 64 + 2 * 14 + 2 + 1);
+    EXPECT_EQ(exported.size(), 4u * 64 + 12 * 64 + 2 * 64 + 2 * 14 + 2 + 1);
 }
 
 TEST(Binary, TheFileNeedsNothingAndKeepsNoState)
 {
     EXPECT_TRUE(std::string(LIBRARY).ends_with("/librvngenmx.so.6.1"));
     std::ostringstream dynamic;
-    for (const std::string& line : linesOf("readelf -dW " LIBRARY)) {
+    for (const std::string& line : linesOf("readelf -dW '" LIBRARY "'")) {
         dynamic << line << "\n";
         EXPECT_TRUE(line.find("(NEEDED)") == line.npos || line.find("[libc.so.6]") != line.npos ||
                     line.find("[librvncore.so]") != line.npos)
@@ -268,18 +328,17 @@ TEST(Binary, TheFileNeedsNothingAndKeepsNoState)
 
     EXPECT_NE(dynamic.str().find("Library runpath: [$ORIGIN]"), std::string::npos);
 
-    // The weak references of the toolchain's startup code, work memory, and at most the C library.
-    for (const std::string& line : linesOf("nm -D --undefined-only " LIBRARY))
+    // The weak references of the toolchain's startup code, and work memory.
+    for (const std::string& line : linesOf("nm -D --undefined-only '" LIBRARY "'"))
         EXPECT_TRUE(line.empty() || line.find(" w ") != line.npos ||
-                    line.find("@GLIBC_") != line.npos || line.ends_with(" U rvnMalloc") ||
-                    line.ends_with(" U rvnFree"))
+                    line.ends_with(" U rvnMalloc") || line.ends_with(" U rvnFree"))
             << line;
 
     // Startup code and its one flag: the toolchain's eight bytes in each section, none of ours.
     const std::regex section(R"(.*\] (\.\w+)\s+\w+\s+[0-9a-f]+ [0-9a-f]+ ([0-9a-f]+) .*)");
     std::map<std::string, int> sizes;
     std::smatch match;
-    for (const std::string& line : linesOf("readelf -SW " LIBRARY))
+    for (const std::string& line : linesOf("readelf -SW '" LIBRARY "'"))
         if (std::regex_match(line, match, section))
             sizes[match[1]] = std::stoi(match[2], nullptr, 16);
     for (const std::string name : {".init_array", ".fini_array", ".data", ".bss"})

@@ -1,5 +1,6 @@
-// The generator keeps its plans: every graph has its row's operation counts and computes its
-// transform, constants merge where they should, and precisions and schedules keep their rules.
+// The generator keeps its plans: every complex graph has its row's operation counts and computes
+// its transform, constants merge where they should, and for all families precisions and schedules
+// keep their rules.
 //
 // Graphs are interpreted at 128 bits, so what remains against the defining sum is the rounding of
 // their constants. The decimal constants below were worked out apart from the generator.
@@ -7,7 +8,8 @@
 #include "reference.h"
 
 #include "dft_complex/kernels.h"
-#include "dft_real/plans.h"
+#include "dft_real/kernels.h"
+#include "hartley/kernels.h"
 #include "kernelgen/counts.h"
 #include "kernelgen/evaluate.h"
 #include "kernelgen/merge.h"
@@ -32,14 +34,26 @@ Graph complexGraphOf(int length)
     return dft_complex::complexGraph(dft_complex::complexPlan(length));
 }
 
-// Values of one part, or pairs of two.
-std::vector<Wide> narrowed(const std::vector<Quad>& values, std::size_t parts)
+struct NamedGraph {
+    std::string name;
+    Graph graph;
+};
+
+// Those of all straight-line kernels but the Walsh-Hadamard ones.
+std::vector<NamedGraph> everyGraph()
 {
-    std::vector<Wide> narrow;
-    for (std::size_t i = 0; i < values.size(); i += parts)
-        narrow.emplace_back(static_cast<long double>(values[i]),
-                            parts == 2 ? static_cast<long double>(values[i + 1]) : 0);
-    return narrow;
+    std::vector<NamedGraph> graphs;
+    for (int N = 2; N <= 64; ++N) {
+        const std::string length = " " + std::to_string(N);
+        const int row = N - 2;
+        graphs.push_back({"complex" + length, complexGraphOf(N)});
+        graphs.push_back(
+            {"forward" + length, dft_real::forwardGraph(dft_real::forwardPlans()[row])});
+        graphs.push_back(
+            {"inverse" + length, dft_real::inverseGraph(dft_real::inversePlans()[row])});
+        graphs.push_back({"Hartley" + length, hartley::hartleyGraph(hartley::hartleyPlans()[row])});
+    }
+    return graphs;
 }
 
 bool hasConstant(const Graph& graph, double constant, double tolerance = 2.3e-16)
@@ -56,8 +70,11 @@ TEST(Plan, EveryLengthsGraphIsTheDefiningSum)
         std::vector<Quad> inputs;
         for (const Rvn64fc& value : x)
             inputs.insert(inputs.end(), {value.re, value.im});
-        const std::vector<Wide> X =
-            narrowed(evaluate<Quad>(dft_complex::complexGraph(plan), inputs), 2);
+        const std::vector<Quad> parts = evaluate<Quad>(dft_complex::complexGraph(plan), inputs);
+        std::vector<Wide> X;
+        for (std::size_t i = 0; i < parts.size(); i += 2)
+            X.emplace_back(static_cast<long double>(parts[i]),
+                           static_cast<long double>(parts[i + 1]));
         EXPECT_LE(relativeError(X, directSum(widened(x), false)), constantsError) << plan.length;
     }
 }
@@ -120,107 +137,59 @@ TEST(Plan, TheDiagonalOfLength11ChangesWithTheRootOfItsStage)
     EXPECT_LT(occurring(22), 10);
 }
 
-// A real signal and its half spectrum, the inner bins doubled for the inverse, as flat lists of the
-// parts that exist: whichever of the two goes in, the other comes out.
-void expectRealTransform(const dft_real::RealPlan& plan, bool isInverse)
-{
-    const int N = plan.stage.length;
-    std::vector<Wide> signal;
-    for (const Rvn64fc& value : randomSignal<Rvn64fc>(N, 2))
-        signal.emplace_back(value.re);
-    const std::vector<Wide> spectrum = directSum(signal, false);
-
-    GraphBuilder builder;
-    HalfSpectrum X = isInverse ? HalfSpectrum(N) : realDft(builder.loads(N), {});
-    Values outputs;
-    std::vector<Wide> parts;
-    const auto addPart = [&](Value& part, long double value) {
-        parts.emplace_back(value);
-        if (isInverse)
-            part = builder.load(static_cast<int>(parts.size()) - 1);
-        else
-            outputs.push_back(part);
-    };
-    for (int k = 0; 2 * k <= N; ++k) {
-        const bool isReal = k == 0 || 2 * k == N;
-        const Wide bin = spectrum[k] * (isInverse && !isReal ? 2.0L : 1.0L);
-        addPart(X.bins[k].re, bin.real());
-        if (!isReal)
-            addPart(X.bins[k].im, bin.imag());
-    }
-    if (isInverse) {
-        outputs = inverseRealDft(X, {});
-        for (Wide& value : signal)
-            value *= N;
-    }
-    const Graph graph = mergeProducts(builder.finish(outputs));
-    EXPECT_EQ(countOperations(graph).additions, plan.additions) << N << isInverse;
-    EXPECT_EQ(countOperations(graph).multiplications, plan.multiplications) << N << isInverse;
-    std::vector<Quad> inputs;
-    for (const Wide& value : isInverse ? parts : signal)
-        inputs.push_back(value.real());
-    const std::vector<Quad> result = evaluate<Quad>(graph, inputs);
-    EXPECT_LE(relativeError(narrowed(result, 1), isInverse ? signal : parts), constantsError) << N;
-}
-
-TEST(Plan, EveryRealTransformStandingAloneHasItsRowAndItsSum)
-{
-    for (const dft_real::RealPlan& plan : dft_real::forwardPlans())
-        expectRealTransform(plan, false);
-    for (const dft_real::RealPlan& plan : dft_real::inversePlans())
-        expectRealTransform(plan, true);
-}
-
 TEST(Plan, InABinary32KernelNoBinary64ValueIsUsedTwice)
 {
-    for (int N = 2; N <= 64; ++N) {
-        const Graph graph = complexGraphOf(N);
+    for (const auto& [name, graph] : everyGraph()) {
         const std::vector<NodeFormat> formats = assignFormats(graph, Format::Binary32);
         std::vector<int> uses(graph.nodes.size());
         for (const Node& node : graph.nodes)
             for (const int operand : operands(node))
                 ++uses[operand];
-        for (const Output& output : graph.outputs) {
-            EXPECT_EQ(formats[output.node].held, Format::Binary32) << N;
+        for (const Output& output : graph.outputs)
             ++uses[output.node];
-        }
         for (std::size_t i = 0; i < uses.size(); ++i)
-            EXPECT_TRUE(uses[i] == 1 || formats[i].held == Format::Binary32) << N << ", node " << i;
+            EXPECT_TRUE(uses[i] == 1 || formats[i].held == Format::Binary32)
+                << name << ", node " << i;
     }
 }
 
 TEST(Plan, AScheduleLoadsBeforeItStoresAndDoesEverythingOnce)
 {
-    for (int N = 2; N <= 64; ++N) {
-        const Graph graph = complexGraphOf(N);
+    for (const auto& [name, graph] : everyGraph()) {
         std::vector<int> ready(graph.nodes.size());
         std::vector<int> stored(graph.outputs.size());
         bool hasStored = false;
         for (const auto& [kind, index] : constructionOrder(graph)) {
             if (kind == Step::Kind::Store) {
-                EXPECT_EQ(ready[graph.outputs[index].node], 1) << N;
+                EXPECT_EQ(ready[graph.outputs[index].node], 1) << name;
                 ++stored[index];
                 hasStored = true;
                 continue;
             }
-            EXPECT_EQ(kind == Step::Kind::Load, graph.nodes[index].op == Op::Load) << N;
-            EXPECT_FALSE(hasStored && kind == Step::Kind::Load) << N;
+            EXPECT_EQ(kind == Step::Kind::Load, graph.nodes[index].op == Op::Load) << name;
+            EXPECT_FALSE(hasStored && kind == Step::Kind::Load) << name;
             for (const int operand : operands(graph.nodes[index]))
-                EXPECT_EQ(ready[operand], 1) << N;
+                EXPECT_EQ(ready[operand], 1) << name;
             ++ready[index];
         }
-        EXPECT_EQ(std::ranges::count(ready, 1), std::ssize(ready)) << N;
-        EXPECT_EQ(std::ranges::count(stored, 1), std::ssize(stored)) << N;
+        EXPECT_EQ(std::ranges::count(ready, 1), std::ssize(ready)) << name;
+        EXPECT_EQ(std::ranges::count(stored, 1), std::ssize(stored)) << name;
     }
 }
 
 TEST(Plan, TheGeneratorGivesTheSameBytesAgain)
 {
-    for (const dft_complex::ComplexPlan& plan : dft_complex::complexPlans())
-        for (const Format format : {Format::Binary32, Format::Binary64})
-            EXPECT_EQ(dft_complex::kernelFile(plan, format).text,
-                      dft_complex::kernelFile(plan, format).text)
-                << plan.length;
+    const auto expectSame = [](const auto& plans, const auto& makeFile) {
+        for (const auto& plan : plans)
+            for (const Format format : {Format::Binary32, Format::Binary64}) {
+                const GeneratedFile file = makeFile(plan, format);
+                EXPECT_EQ(file.text, makeFile(plan, format).text) << file.name;
+            }
+    };
+    expectSame(dft_complex::complexPlans(), dft_complex::kernelFile);
+    expectSame(dft_real::forwardPlans(), dft_real::forwardFile);
+    expectSame(dft_real::inversePlans(), dft_real::inverseFile);
+    expectSame(hartley::hartleyPlans(), hartley::kernelFile);
 }
 
 } // namespace

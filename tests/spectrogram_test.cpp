@@ -158,7 +158,7 @@ protected:
         options.length = length;
         options.hop = hop;
         options.iq = iq;
-        AudioFile file(options.input);
+        examples::AudioFile file(options.input);
         return analyse(file, options, plotWidth);
     }
 
@@ -294,7 +294,7 @@ TEST_F(Spectrogram, CutsFramesWithoutGaps)
             ASSERT_EQ(analysis.frames, (samples - length) / hop + 1);
             ASSERT_EQ(analysis.cellCount, analysis.frames);
             for (int frame = 0; frame < analysis.frames; ++frame) {
-                const auto cell = static_cast<std::size_t>(frame * length);
+                const auto cell = static_cast<std::size_t>(frame * (length / 2 + 1));
                 const bool covered = frame * hop <= place && place < frame * hop + length;
                 EXPECT_EQ(analysis.panels[1].cells[cell] > 0, covered) << "frame " << frame;
                 EXPECT_EQ(analysis.panels[0].cells[cell], 0);

@@ -31,14 +31,14 @@ template <typename Real> const std::vector<WhtKernel<Real>>& everyWhtKernel();
 template <> inline const std::vector<WhtKernel<float>>& everyWhtKernel()
 {
     static const std::vector<WhtKernel<float>> kernels = {
-        RVNG_ORDERS_1_TO_13(RVN_TEST_WHT_KERNEL, 32f, , )};
+        RVNG_ORDERS_1_TO_13(RVN_TEST_WHT_KERNEL, 32f, unused, unused)};
     return kernels;
 }
 
 template <> inline const std::vector<WhtKernel<double>>& everyWhtKernel()
 {
     static const std::vector<WhtKernel<double>> kernels = {
-        RVNG_ORDERS_1_TO_13(RVN_TEST_WHT_KERNEL, 64f, , )};
+        RVNG_ORDERS_1_TO_13(RVN_TEST_WHT_KERNEL, 64f, unused, unused)};
     return kernels;
 }
 

@@ -4,10 +4,12 @@
 #include "guarded_memory.h"
 #include "wht_kernels.h"
 
-#include <algorithm>
+#include <cfenv>
 #include <climits>
 #include <cstring>
 #include <limits>
+
+#include <immintrin.h>
 
 namespace rvn::tests
 {
@@ -76,7 +78,7 @@ TYPED_TEST(Wht, SrcAndDstMayOverlapInAnyWay)
         const int bytes = N * static_cast<int>(sizeof(TypeParam));
         const auto x = randomReals<TypeParam>(N, 7);
         const auto expected = whtByLoop(x, kernel.order, RvnScaleNone);
-        for (const int offset : {-bytes / 2, -9, -1, 1, 3, 8, bytes / 2 + 1}) {
+        for (const int offset : {-bytes / 2, -9, -1, 0, 1, 3, 8, bytes / 2 + 1}) {
             std::vector<std::byte> memory(3 * bytes + 32);
             std::byte* const src = memory.data() + bytes + 13;
             std::byte* const dst = src + offset;
@@ -87,6 +89,28 @@ TYPED_TEST(Wht, SrcAndDstMayOverlapInAnyWay)
                 << kernel.name << ", dst - src = " << offset;
         }
     }
+}
+
+// From subnormal to large numbers, in every rounding mode: one rounding an operation, in the order
+// of the loop, and the caller's floating-point environment as it was.
+TYPED_TEST(Wht, EveryRoundingIsThatOfTheLoop)
+{
+    for (const auto& kernel : everyWhtKernel<TypeParam>())
+        for (const int mode : {FE_TONEAREST, FE_DOWNWARD, FE_UPWARD, FE_TOWARDZERO}) {
+            auto x = randomReals<TypeParam>(kernel.points(), 23);
+            constexpr int lowest = std::numeric_limits<TypeParam>::min_exponent;
+            for (int i = 0; i < kernel.points(); ++i)
+                x[i] = std::ldexp(x[i], i % 3 == 0 ? 100 : i % 3 == 1 ? lowest - 8 : 0);
+            auto y = this->noNumbers(kernel.points());
+            std::fesetround(mode);
+            const auto expected = whtByLoop(x, kernel.order, RvnScaleFwdByN);
+            const unsigned before = _mm_getcsr() & ~_MM_EXCEPT_MASK;
+            kernel.run(x.data(), y.data(), RvnScaleFwdByN, nullptr);
+            const unsigned after = _mm_getcsr() & ~_MM_EXCEPT_MASK;
+            std::fesetround(FE_TONEAREST);
+            EXPECT_TRUE(this->sameBits(y, expected)) << kernel.name << ", mode " << mode;
+            EXPECT_EQ(before, after) << kernel.name;
+        }
 }
 
 // Row j of the matrix, the sign of element k from the ones that j and k have in common.

@@ -2,11 +2,11 @@
 #include "analysis.h"
 
 #include "failure.h"
-#include "frames.h"
 
 #include <algorithm>
 #include <chrono>
 #include <cmath>
+#include <complex>
 #include <numbers>
 
 namespace spectrogram
@@ -17,24 +17,23 @@ namespace
 constexpr std::int64_t framesOfBatch = 256;
 
 // exp(2 pi i k c / N), c = (N - 1) / 2: moves the origin of the phases to the frame's centre.
-std::vector<Rvn64fc> centreRotation(int length)
+std::vector<std::complex<double>> centreRotation(FrameShape shape)
 {
-    std::vector<Rvn64fc> rotation;
-    for (int k = 0; k < length; ++k) {
-        const double angle = std::numbers::pi * k * (length - 1) / length;
-        rotation.push_back({std::cos(angle), std::sin(angle)});
-    }
+    std::vector<std::complex<double>> rotation;
+    for (std::size_t k = 0; k < shape.bins(); ++k)
+        rotation.push_back(std::polar(1.0, std::numbers::pi * static_cast<double>(k) *
+                                               (shape.length - 1) / shape.length));
     return rotation;
 }
 
 class Analyser
 {
 public:
-    Analyser(const Analysis& shape, int channels)
-        : shape_(shape), channels_(static_cast<std::size_t>(channels)),
-          length_(static_cast<std::size_t>(shape.length)),
-          hop_(static_cast<std::size_t>(shape.hop)), window_(hannWindow(shape.length)),
-          rotation_(centreRotation(shape.length))
+    Analyser(const Analysis& outline, int channels)
+        : shape_(outline.shape), channels_(static_cast<std::size_t>(channels)),
+          hop_(static_cast<std::size_t>(outline.hop)), frameCount_(outline.frames),
+          cellCount_(outline.cellCount), window_(hannWindow(shape_.length)),
+          rotation_(centreRotation(shape_))
     {
     }
 
@@ -43,15 +42,15 @@ public:
                   std::int64_t first, std::int64_t count)
     {
         fillFrames(panelIndex, samples, static_cast<std::size_t>(count));
-        spectra_.resize(frames_.size());
+        spectra_.resize(static_cast<std::size_t>(count) * 2 * shape_.bins());
         restored_.resize(frames_.size());
 
         const auto start = std::chrono::steady_clock::now();
-        transformFrames(frames_, spectra_, shape_.length);
+        transformFrames(frames_, spectra_, shape_);
         const auto end = std::chrono::steady_clock::now();
         forwardTime_ += end - start;
 
-        inverseFrames(spectra_, restored_, shape_.length);
+        inverseFrames(spectra_, restored_, shape_);
         addRoundTrip();
         addPower(panel, first);
     }
@@ -60,35 +59,34 @@ public:
     {
         analysis.forwardSeconds = std::chrono::duration<double>(forwardTime_).count();
         analysis.roundTripError = frameEnergy_ > 0 ? std::sqrt(errorEnergy_ / frameEnergy_) : 0;
-        std::vector<double> framesOfCell(static_cast<std::size_t>(shape_.cellCount));
-        for (std::int64_t frame = 0; frame < shape_.frames; ++frame)
+        std::vector<double> framesOfCell(static_cast<std::size_t>(cellCount_));
+        for (std::int64_t frame = 0; frame < frameCount_; ++frame)
             ++framesOfCell[cellOf(frame)];
         for (Panel& panel : analysis.panels) {
-            for (std::size_t k = 0; k < length_; ++k) {
-                panel.power[k] /= static_cast<double>(shape_.frames);
-                panel.evenPower[k] /= static_cast<double>(shape_.frames);
+            for (std::size_t k = 0; k < shape_.bins(); ++k) {
+                panel.power[k] /= static_cast<double>(frameCount_);
+                panel.evenPower[k] /= static_cast<double>(frameCount_);
             }
             for (std::size_t i = 0; i < panel.cells.size(); ++i)
-                panel.cells[i] /= framesOfCell[i / length_];
+                panel.cells[i] /= framesOfCell[i / shape_.bins()];
         }
     }
 
 private:
     std::size_t cellOf(std::int64_t frame) const
     {
-        return static_cast<std::size_t>(frame * shape_.cellCount / shape_.frames);
+        return static_cast<std::size_t>(frame * cellCount_ / frameCount_);
     }
 
     void fillFrames(std::size_t panelIndex, std::span<const float> samples, std::size_t count)
     {
         frames_.clear();
         for (std::size_t frame = 0; frame < count; ++frame) {
-            for (std::size_t n = 0; n < length_; ++n) {
+            for (std::size_t n = 0; n < window_.size(); ++n) {
                 const float* sample = &samples[(frame * hop_ + n) * channels_];
+                frames_.push_back(window_[n] * sample[panelIndex]);
                 if (shape_.iq)
-                    frames_.push_back({window_[n] * sample[0], window_[n] * sample[1]});
-                else
-                    frames_.push_back({window_[n] * sample[panelIndex], 0});
+                    frames_.push_back(window_[n] * sample[1]);
             }
         }
     }
@@ -96,40 +94,41 @@ private:
     void addRoundTrip()
     {
         for (std::size_t i = 0; i < frames_.size(); ++i) {
-            const double re = frames_[i].re;
-            const double im = frames_[i].im;
-            frameEnergy_ += re * re + im * im;
-            errorEnergy_ += (restored_[i].re - re) * (restored_[i].re - re) +
-                            (restored_[i].im - im) * (restored_[i].im - im);
+            const double value = frames_[i];
+            const double error = restored_[i] - value;
+            frameEnergy_ += value * value;
+            errorEnergy_ += error * error;
         }
     }
 
     void addPower(Panel& panel, std::int64_t first)
     {
-        for (std::size_t i = 0; i < spectra_.size(); ++i) {
-            const std::size_t k = i % length_;
-            const double re = spectra_[i].re;
-            const double im = spectra_[i].im;
-            const double even = re * rotation_[k].re - im * rotation_[k].im;
-            const double power = re * re + im * im;
+        const std::size_t bins = shape_.bins();
+        for (std::size_t i = 0; i < spectra_.size() / 2; ++i) {
+            const std::size_t k = i % bins;
+            const std::complex<double> value(spectra_[2 * i], spectra_[2 * i + 1]);
+            const double even = (value * rotation_[k]).real();
+            const double power = std::norm(value);
             panel.power[k] += power;
             panel.evenPower[k] += even * even;
-            const std::int64_t frame = first + static_cast<std::int64_t>(i / length_);
-            panel.cells[cellOf(frame) * length_ + k] += power;
+            const std::int64_t frame = first + static_cast<std::int64_t>(i / bins);
+            panel.cells[cellOf(frame) * bins + k] += power;
         }
     }
 
-    Analysis shape_;
-    std::size_t channels_, length_, hop_;
+    FrameShape shape_;
+    std::size_t channels_, hop_;
+    std::int64_t frameCount_;
+    int cellCount_;
     std::vector<float> window_;
-    std::vector<Rvn64fc> rotation_;
-    std::vector<Rvn32fc> frames_, spectra_, restored_;
+    std::vector<std::complex<double>> rotation_;
+    std::vector<float> frames_, spectra_, restored_;
     std::chrono::steady_clock::duration forwardTime_{};
     double frameEnergy_ = 0, errorEnergy_ = 0;
 };
 
 // The analysis before the first frame: sizes known, sums zero.
-Analysis emptyAnalysis(const AudioFile& file, const Options& options, int mostCells)
+Analysis emptyAnalysis(const examples::AudioFile& file, const Options& options, int mostCells)
 {
     if (options.iq && file.channels() != 2)
         throw examples::Failure("'" + options.input +
@@ -139,9 +138,8 @@ Analysis emptyAnalysis(const AudioFile& file, const Options& options, int mostCe
                                 " samples are fewer than one frame of " +
                                 std::to_string(options.length));
     Analysis analysis;
-    analysis.length = options.length;
+    analysis.shape = {options.length, options.iq};
     analysis.hop = options.hop;
-    analysis.iq = options.iq;
     analysis.sampleRate = file.sampleRate();
     analysis.samples = file.samples();
     analysis.frames = (file.samples() - options.length) / options.hop + 1;
@@ -150,7 +148,7 @@ Analysis emptyAnalysis(const AudioFile& file, const Options& options, int mostCe
     std::vector<std::string> names = {"left", "right"};
     if (file.channels() == 1 || options.iq)
         names = {options.iq ? "I/Q" : "mono"};
-    const auto bins = static_cast<std::size_t>(options.length);
+    const std::size_t bins = analysis.shape.bins();
     for (const std::string& name : names)
         analysis.panels.push_back(
             {name, std::vector<double>(bins), std::vector<double>(bins),
@@ -160,7 +158,7 @@ Analysis emptyAnalysis(const AudioFile& file, const Options& options, int mostCe
 
 } // namespace
 
-Analysis analyse(AudioFile& file, const Options& options, int mostCells)
+Analysis analyse(examples::AudioFile& file, const Options& options, int mostCells)
 {
     Analysis analysis = emptyAnalysis(file, options, mostCells);
     Analyser analyser(analysis, file.channels());

@@ -5,6 +5,7 @@
 #define SPECTROGRAM_ANALYSIS_H
 
 #include "audio.h"
+#include "frames.h"
 #include "options.h"
 
 #include <cstdint>
@@ -14,7 +15,8 @@
 namespace spectrogram
 {
 
-// The signal of one panel: a real channel or the complex I/Q signal. X[k] is bin k of a frame.
+// The signal of one panel: a real channel or the complex I/Q signal. X[k] is bin k of a frame, of
+// those that FrameShape tells.
 struct Panel {
     std::string name;
 
@@ -28,9 +30,8 @@ struct Panel {
 };
 
 struct Analysis {
-    int length = 0;
+    FrameShape shape; // of I/Q there is one panel, else the panels are real channels
     int hop = 0;
-    bool iq = false; // one complex signal; else the panels are real channels
     int sampleRate = 0;
     std::int64_t samples = 0;
     std::int64_t frames = 0;
@@ -42,7 +43,7 @@ struct Analysis {
 };
 
 // Analyses the file into at most mostCells cells; throws Failure if it does not fit the options.
-Analysis analyse(AudioFile& file, const Options& options, int mostCells);
+Analysis analyse(examples::AudioFile& file, const Options& options, int mostCells);
 
 } // namespace spectrogram
 

@@ -1,10 +1,12 @@
-// frames.cpp - window and transform; the only file that calls the library.
+// frames.cpp - window and transform; the only file that calls the library. A real channel takes the
+// real transform, whose CCS layout is the spectrum's bins 0 to N/2 as pairs.
 #include "frames.h"
 
 #include "failure.h"
 
 #include <cmath>
 #include <numbers>
+#include <rvngenmx.h>
 #include <string>
 
 namespace spectrogram
@@ -24,6 +26,16 @@ double plainResponse(int length, double x)
     return oddTurn && length % 2 == 0 ? -1.0 : 1.0;
 }
 
+// The library's complex numbers are pairs of plain ones.
+const Rvn32fc* pairs(const float* values)
+{
+    return reinterpret_cast<const Rvn32fc*>(values);
+}
+Rvn32fc* pairs(float* values)
+{
+    return reinterpret_cast<Rvn32fc*>(values);
+}
+
 void check(RvnStatus status)
 {
     if (status != RvnStatusNoError)
@@ -31,6 +43,12 @@ void check(RvnStatus status)
 }
 
 } // namespace
+
+std::size_t FrameShape::index(int k) const
+{
+    const int repeated = ((k % length) + length) % length;
+    return static_cast<std::size_t>(iq || repeated <= length / 2 ? repeated : length - repeated);
+}
 
 std::vector<float> hannWindow(int length)
 {
@@ -48,18 +66,28 @@ double hannResponse(int length, double x)
            plainResponse(length, x + 1) / 4;
 }
 
-void transformFrames(std::span<const Rvn32fc> frames, std::span<Rvn32fc> spectra, int length)
+void transformFrames(std::span<const float> frames, std::span<float> spectra, FrameShape shape)
 {
-    const auto step = static_cast<std::size_t>(length);
-    for (std::size_t i = 0; i + step <= frames.size(); i += step)
-        check(rvngDFTFwd_CToC_32fc(&frames[i], &spectra[i], length, RvnScaleFwdByN));
+    const std::size_t count = frames.size() / shape.values();
+    for (std::size_t i = 0; i < count; ++i) {
+        const float* frame = &frames[i * shape.values()];
+        float* spectrum = &spectra[2 * i * shape.bins()];
+        check(shape.iq ? rvngDFTFwd_CToC_32fc(pairs(frame), pairs(spectrum), shape.length,
+                                              RvnScaleFwdByN)
+                       : rvngDFTFwd_RToCCS_32f(frame, spectrum, shape.length, RvnScaleFwdByN));
+    }
 }
 
-void inverseFrames(std::span<const Rvn32fc> spectra, std::span<Rvn32fc> frames, int length)
+void inverseFrames(std::span<const float> spectra, std::span<float> frames, FrameShape shape)
 {
-    const auto step = static_cast<std::size_t>(length);
-    for (std::size_t i = 0; i + step <= spectra.size(); i += step)
-        check(rvngDFTInv_CToC_32fc(&spectra[i], &frames[i], length, RvnScaleFwdByN));
+    const std::size_t count = frames.size() / shape.values();
+    for (std::size_t i = 0; i < count; ++i) {
+        const float* spectrum = &spectra[2 * i * shape.bins()];
+        float* frame = &frames[i * shape.values()];
+        check(shape.iq ? rvngDFTInv_CToC_32fc(pairs(spectrum), pairs(frame), shape.length,
+                                              RvnScaleFwdByN)
+                       : rvngDFTInv_CCSToR_32f(spectrum, frame, shape.length, RvnScaleFwdByN));
+    }
 }
 
 } // namespace spectrogram

@@ -27,7 +27,7 @@ void run(int argc, char** argv)
         std::fputs(usageText(), stdout);
         return;
     }
-    AudioFile file(options.input);
+    examples::AudioFile file(options.input);
     std::error_code ignored;
     if (std::filesystem::equivalent(options.input, options.output, ignored))
         throw examples::Failure("'" + options.output +

@@ -46,36 +46,26 @@ struct Match {
 class ToneFit
 {
 public:
-    ToneFit(const Panel& panel, int length, bool complexSignal)
-        : panel_(panel), length_(length), complexSignal_(complexSignal)
-    {
-    }
+    ToneFit(const Panel& panel, FrameShape shape) : panel_(panel), shape_(shape) {}
 
-    // Bins repeat with the length; those of a real channel are mirrored as well.
-    std::size_t index(int bin) const
-    {
-        const int k = ((bin % length_) + length_) % length_;
-        return static_cast<std::size_t>(complexSignal_ || k <= length_ / 2 ? k : length_ - k);
-    }
-
-    double power(int bin) const { return panel_.power[index(bin)]; }
+    double power(int bin) const { return panel_.power[shape_.index(bin)]; }
 
     // How much of the power about a bin a tone at f explains, and that tone's amplitude.
     std::pair<double, double> at(int bin, double f) const
     {
         Match whole, even, odd;
         for (int k = bin - 1; k <= bin + 1; ++k) {
-            const double tone = hannResponse(length_, k - f);
-            if (complexSignal_) {
+            const double tone = hannResponse(shape_.length, k - f);
+            if (shape_.iq) {
                 whole.add(power(k), tone);
                 continue;
             }
-            const double image = hannResponse(length_, k + f);
-            const double evenPower = panel_.evenPower[index(k)];
+            const double image = hannResponse(shape_.length, k + f);
+            const double evenPower = panel_.evenPower[shape_.index(k)];
             even.add(evenPower, (tone + image) / 2);
             odd.add(power(k) - evenPower, (tone - image) / 2);
         }
-        if (complexSignal_)
+        if (shape_.iq)
             return {whole.explained(), whole.amplitude()};
         return {even.explained() + odd.explained(), std::hypot(even.amplitude(), odd.amplitude())};
     }
@@ -85,15 +75,15 @@ public:
     double refine(int bin) const
     {
         double best = bin;
-        if (length_ == 2)
+        if (shape_.length == 2)
             return best;
         for (double step = 0.1; step > 1e-7; step /= 10) {
             const double middle = best;
             double most = -1;
             for (int i = -10; i <= 10; ++i) {
                 double f = middle + i * step;
-                if (!complexSignal_)
-                    f = std::clamp(f, 0.0, length_ / 2.0);
+                if (!shape_.iq)
+                    f = std::clamp(f, 0.0, shape_.length / 2.0);
                 if (const double explained = at(bin, f).first; explained > most) {
                     most = explained;
                     best = f;
@@ -105,23 +95,23 @@ public:
 
 private:
     const Panel& panel_;
-    int length_;
-    bool complexSignal_;
+    FrameShape shape_;
 };
 
 } // namespace
 
 std::vector<Peak> strongestPeaks(const Analysis& analysis, const Panel& panel, int mostPeaks)
 {
-    const int length = analysis.length;
-    const ToneFit fit(panel, length, analysis.iq);
-    const int lowest = analysis.iq ? -(length / 2) : 0;
-    const int highest = analysis.iq ? lowest + length - 1 : length / 2;
+    const int length = analysis.shape.length;
+    const bool iq = analysis.shape.iq;
+    const ToneFit fit(panel, analysis.shape);
+    const int lowest = iq ? -(length / 2) : 0;
+    const int highest = iq ? lowest + length - 1 : length / 2;
 
     std::vector<int> maxima;
     for (int k = lowest; k <= highest; ++k)
         if (fit.power(k) > 0 && fit.power(k) >= fit.power(k + 1) &&
-            (fit.power(k) > fit.power(k - 1) || (k == lowest && !analysis.iq)))
+            (fit.power(k) > fit.power(k - 1) || (k == lowest && !iq)))
             maxima.push_back(k);
     std::ranges::sort(maxima, std::greater<>(), [&](int k) { return fit.power(k); });
     const double weakest = maxima.empty() ? 0 : weakestPeak * fit.power(maxima.front());
@@ -132,7 +122,7 @@ std::vector<Peak> strongestPeaks(const Analysis& analysis, const Panel& panel, i
     std::vector<Peak> peaks;
     for (const int k : maxima) {
         double f = fit.refine(k);
-        if (analysis.iq)
+        if (iq)
             f -= length * std::floor(f / length + 0.5);
         peaks.push_back({f * analysis.sampleRate / length, fit.at(k, f).second});
     }

@@ -42,11 +42,12 @@ std::vector<double> levels(const Analysis& analysis, const Panel& panel)
 {
     // A complex tone leaves half its amplitude in its bin, a real one a quarter in each of two
     // bins, which are one at zero and at half the sample rate.
-    const auto length = static_cast<std::size_t>(analysis.length);
+    const std::size_t bins = analysis.shape.bins();
     std::vector<double> decibels;
     for (std::size_t i = 0; i < panel.cells.size(); ++i) {
-        const std::size_t k = i % length;
-        const double gain = analysis.iq || k == 0 || 2 * k == length ? 4 : 16;
+        const int k = static_cast<int>(i % bins);
+        const bool single = analysis.shape.iq || k == 0 || 2 * k == analysis.shape.length;
+        const double gain = single ? 4 : 16;
         decibels.push_back(std::max(lowestLevel, 10 * std::log10(gain * panel.cells[i])));
     }
     return decibels;
@@ -57,7 +58,7 @@ class LevelMap
 {
 public:
     LevelMap(const Analysis& analysis, const Panel& panel)
-        : length_(analysis.length), cells_(analysis.cellCount), levels_(levels(analysis, panel))
+        : shape_(analysis.shape), cells_(analysis.cellCount), levels_(levels(analysis, panel))
     {
     }
 
@@ -78,12 +79,11 @@ private:
     }
     double of(int cell, int bin) const
     {
-        const int k = (bin % length_ + length_) % length_;
-        return levels_[static_cast<std::size_t>(cell) * static_cast<std::size_t>(length_) +
-                       static_cast<std::size_t>(k)];
+        return levels_[static_cast<std::size_t>(cell) * shape_.bins() + shape_.index(bin)];
     }
 
-    int length_, cells_;
+    FrameShape shape_;
+    int cells_;
     std::vector<double> levels_;
 };
 
@@ -98,7 +98,7 @@ double topLevel(const Analysis& analysis)
 
 double lowestFrequency(const Analysis& analysis)
 {
-    return analysis.iq ? -analysis.sampleRate / 2.0 : 0;
+    return analysis.shape.iq ? -analysis.sampleRate / 2.0 : 0;
 }
 
 void drawLevels(Canvas& canvas, Rectangle area, const Analysis& analysis, const Panel& panel,
@@ -106,14 +106,14 @@ void drawLevels(Canvas& canvas, Rectangle area, const Analysis& analysis, const 
 {
     const LevelMap map(analysis, panel);
     const auto frames = static_cast<double>(analysis.frames);
-    const double lowestBin = analysis.iq ? -analysis.length / 2.0 : 0;
+    const double lowestBin = analysis.shape.iq ? -analysis.shape.length / 2.0 : 0;
     for (int x = 0; x < area.width; ++x) {
         const double sample = (x + 0.5) / area.width * static_cast<double>(analysis.samples);
-        const double frame = (sample - analysis.length / 2.0) / analysis.hop;
+        const double frame = (sample - analysis.shape.length / 2.0) / analysis.hop;
         const double cell = (frame + 0.5) * analysis.cellCount / frames - 0.5;
         for (int y = 0; y < area.height; ++y) {
             const double height = (area.height - y - 0.5) / area.height;
-            const double bin = lowestBin + height * (analysis.length / 2.0 - lowestBin);
+            const double bin = lowestBin + height * (analysis.shape.length / 2.0 - lowestBin);
             const double level = 1 + (map.at(cell, bin) - top) / legendRange;
             canvas.set(area.left + x, area.top + y, levelColor(level));
         }
@@ -168,7 +168,7 @@ void drawTitle(Canvas& canvas, const Analysis& analysis, const std::string& titl
     const std::string line =
         title.size() <= mostCharacters ? title : title.substr(0, mostCharacters - 3) + "...";
     const std::string frames = std::to_string(analysis.sampleRate) + " Hz, Hann frames of " +
-                               std::to_string(analysis.length) + " samples, hop " +
+                               std::to_string(analysis.shape.length) + " samples, hop " +
                                std::to_string(analysis.hop);
     canvas.text(plotLeft, 18, line, Anchor::left, ink);
     canvas.text(plotLeft, 40, frames, Anchor::left, ink);

@@ -23,7 +23,7 @@ int frequencyDecimals(double binWidth)
 
 void printPeaks(const Analysis& analysis)
 {
-    const double binWidth = static_cast<double>(analysis.sampleRate) / analysis.length;
+    const double binWidth = static_cast<double>(analysis.sampleRate) / analysis.shape.length;
     const int decimals = frequencyDecimals(binWidth);
     std::printf("\nstrongest frequencies of the mean spectrum\n");
     std::printf("  %-8s %18s %18s %14s\n", "signal", "frequency", "bin width", "level");
@@ -47,11 +47,11 @@ void printReport(const Options& options, const Analysis& analysis, const Canvas&
     std::printf("audio        %s: %d Hz, %lld samples, %.3f %s, %zu %s\n", options.input.c_str(),
                 analysis.sampleRate, static_cast<long long>(analysis.samples), seconds / unit.size,
                 unit.name, analysis.panels.size(),
-                analysis.iq                   ? "complex signal"
+                analysis.shape.iq             ? "complex signal"
                 : analysis.panels.size() == 1 ? "channel"
                                               : "channels");
     std::printf("frames       %lld of %d samples, Hann window, hop %d\n",
-                static_cast<long long>(analysis.frames), analysis.length, analysis.hop);
+                static_cast<long long>(analysis.frames), analysis.shape.length, analysis.hop);
 
     printPeaks(analysis);
 

@@ -31,7 +31,8 @@ struct PartSpectra {
     HalfSpectrum im;
 };
 
-PartSpectra firstTransform(ComplexView x, const std::vector<int>& power, Stages stages)
+PartSpectra firstTransform(ComplexView x, const std::vector<int>& power,
+                           std::span<const Stage> stages)
 {
     Values re;
     Values im;
@@ -39,8 +40,8 @@ PartSpectra firstTransform(ComplexView x, const std::vector<int>& power, Stages 
         re.push_back(x[index].re);
         im.push_back(x[index].im);
     }
-    HalfSpectrum realParts = realDft(re, stages);
-    HalfSpectrum imaginaryParts = realDft(im, stages);
+    HalfSpectrum realParts = realDft(re, 1, {stages, true});
+    HalfSpectrum imaginaryParts = realDft(im, 1, {stages, true});
     return {std::move(realParts), std::move(imaginaryParts)};
 }
 
@@ -75,8 +76,8 @@ ComplexValues rader(ComplexView x, const RaderPlan& plan, int t)
     Z.re.bins[L / 2].re = isEven ? D.re * middle.re : -D.im * middle.im;
     Z.im.bins[L / 2].re = isEven ? D.re * middle.im : D.im * middle.re;
 
-    const Values re = inverseRealDft(Z.re, plan.second);
-    const Values im = inverseRealDft(Z.im, plan.second);
+    const Values re = inverseRealDft(Z.re, {plan.second, true});
+    const Values im = inverseRealDft(Z.im, {plan.second, true});
     for (int m = 0; m < L; ++m)
         X[power[(L - m) % L]] = {re[m], im[m]};
     return X;

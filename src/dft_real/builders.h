@@ -10,23 +10,21 @@ namespace rvn::dft_real
 using kernelgen::ComplexValue;
 using kernelgen::ComplexValues;
 using kernelgen::HalfSpectrum;
+using kernelgen::Nesting;
 using kernelgen::Stage;
-using kernelgen::Stages;
 using kernelgen::Value;
 using kernelgen::Values;
 using kernelgen::ValuesView;
 
-// The stage of this length: the one named in inner, else the row of the table.
-Stage stageOf(int length, Stages inner, std::span<const RealPlan> table);
-
-HalfSpectrum directForward(ValuesView x);
-HalfSpectrum goodThomasForward(ValuesView x, const Stage& stage, Stages inner);
-HalfSpectrum cooleyTukeyForward(ValuesView x, const Stage& stage, Stages inner);
-HalfSpectrum raderForward(ValuesView x, const RealRaderPlan& plan);
+// Forward, with root exponent t.
+HalfSpectrum directForward(ValuesView x, int t);
+HalfSpectrum goodThomasForward(ValuesView x, const Stage& stage, int t, const Nesting& inner);
+HalfSpectrum cooleyTukeyForward(ValuesView x, const Stage& stage, int t, const Nesting& inner);
+HalfSpectrum raderForward(ValuesView x, const RealRaderPlan& plan, int t);
 
 Values directInverse(const HalfSpectrum& X);
-Values goodThomasInverse(const HalfSpectrum& X, const Stage& stage, Stages inner);
-Values cooleyTukeyInverse(const HalfSpectrum& X, const Stage& stage, Stages inner);
+Values goodThomasInverse(const HalfSpectrum& X, const Stage& stage, const Nesting& inner);
+Values cooleyTukeyInverse(const HalfSpectrum& X, const Stage& stage, const Nesting& inner);
 Values raderInverse(const HalfSpectrum& X, const RealRaderPlan& plan);
 
 } // namespace rvn::dft_real

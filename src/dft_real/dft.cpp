@@ -4,42 +4,46 @@
 
 #include <stdexcept>
 
-namespace rvn::dft_real
-{
-
-Stage stageOf(int length, Stages inner, std::span<const RealPlan> table)
-{
-    for (const Stage& stage : inner)
-        if (stage.length == length)
-            return stage;
-    return planOf(table, length).stage;
-}
-
-} // namespace rvn::dft_real
-
 namespace rvn::kernelgen
 {
 
 using namespace dft_real;
 
-HalfSpectrum realDft(ValuesView x, Stages inner)
+namespace
+{
+
+constexpr int lowestLength = 2;
+
+// The stage of this length: the one handed down, else the row of the table.
+template <typename Plan>
+Stage stageOf(int length, const Nesting& inner, std::span<const Plan> table)
+{
+    for (const Stage& stage : inner.stages)
+        if (stage.length == length)
+            return stage;
+    return table[length - lowestLength].stage;
+}
+
+} // namespace
+
+HalfSpectrum realDft(ValuesView x, int t, const Nesting& inner)
 {
     const Stage stage = stageOf(static_cast<int>(x.size()), inner, forwardPlans());
     switch (stage.method) {
     case Method::Butterfly:
     case Method::Direct:
-        return directForward(x);
+        return directForward(x, t);
     case Method::CooleyTukey:
-        return cooleyTukeyForward(x, stage, inner);
+        return cooleyTukeyForward(x, stage, t, inner);
     case Method::GoodThomas:
-        return goodThomasForward(x, stage, inner);
+        return goodThomasForward(x, stage, t, inner);
     case Method::Rader:
-        return raderForward(x, planOf(forwardRaderPlans(), stage.length));
+        return raderForward(x, forwardRaderPlan(stage.length), t);
     }
     throw std::logic_error("unknown method");
 }
 
-Values inverseRealDft(const HalfSpectrum& X, Stages inner)
+Values inverseRealDft(const HalfSpectrum& X, const Nesting& inner)
 {
     const Stage stage = stageOf(X.length, inner, inversePlans());
     switch (stage.method) {
@@ -51,7 +55,7 @@ Values inverseRealDft(const HalfSpectrum& X, Stages inner)
     case Method::GoodThomas:
         return goodThomasInverse(X, stage, inner);
     case Method::Rader:
-        return raderInverse(X, planOf(inverseRaderPlans(), stage.length));
+        return raderInverse(X, inverseRaderPlan(stage.length, stage.otherForm));
     }
     throw std::logic_error("unknown method");
 }

@@ -1,8 +1,8 @@
-// The real DFT by its definition, for 2 and for odd primes. With t[j] = x[j] + x[N-j] and
-// u[j] = x[j] - x[N-j], j and k from 1 to (N-1)/2:
-//   R(0) = x[0] + sum of t[j]
-//   R(k) = x[0] + sum over j of cos(2 pi j k / N) t[j]
-//   I(k) =      - sum over j of sin(2 pi j k / N) u[j]
+// The real DFT by its definition, for 2 and for odd primes, with root exponent t. With the sums
+// s[j] = x[j] + x[N-j] and the differences d[j] = x[j] - x[N-j], j and k from 1 to (N-1)/2:
+//   R(0) = x[0] + sum of s[j]
+//   R(k) = x[0] + sum over j of cos(2 pi j k t / N) s[j]
+//   I(k) =      - sum over j of sin(2 pi j k t / N) d[j]
 // and the inverse from doubled bins (r, s):
 //   y[0] = R(0) + sum of r(k)
 //   A[n] = R(0) + sum over k of cos(2 pi n k / N) r(k),  B[n] = sum over k of sin(2 pi n k / N)
@@ -17,7 +17,26 @@ namespace rvn::dft_real
 
 using namespace kernelgen;
 
-HalfSpectrum directForward(ValuesView x)
+namespace
+{
+
+// The bin whose imaginary part is the only one formed with the opposite sign: each difference is
+// taken in the order in which this bin subtracts them all.
+int negatedBin(int N)
+{
+    switch (N) {
+    case 3:
+        return 1;
+    case 11:
+        return 4;
+    default:
+        return 2;
+    }
+}
+
+} // namespace
+
+HalfSpectrum directForward(ValuesView x, int t)
 {
     const int N = static_cast<int>(x.size());
     HalfSpectrum X(N);
@@ -28,23 +47,23 @@ HalfSpectrum directForward(ValuesView x)
     const int half = (N - 1) / 2;
     // Sums before differences: half of the values are live at a time.
     X.bins[0].re = x[0];
-    Values t(half + 1);
+    Values sum(half + 1);
     for (int j = 1; j <= half; ++j) {
-        t[j] = x[j] + x[N - j];
-        X.bins[0].re = X.bins[0].re + t[j];
+        sum[j] = x[j] + x[N - j];
+        X.bins[0].re = X.bins[0].re + sum[j];
     }
     for (int k = 1; k <= half; ++k) {
-        X.bins[k].re = x[0] + cosine(k, N) * t[1];
+        X.bins[k].re = x[0] + cosine(k * t, N) * sum[1];
         for (int j = 2; j <= half; ++j)
-            X.bins[k].re = X.bins[k].re + cosine(j * k, N) * t[j];
+            X.bins[k].re = X.bins[k].re + cosine(j * k * t, N) * sum[j];
     }
-    Values u(half + 1);
+    Values difference(half + 1);
     for (int j = 1; j <= half; ++j)
-        u[j] = x[j] - x[N - j];
+        difference[j] = sine(j * negatedBin(N), N) > 0 ? x[j] - x[N - j] : -(x[N - j] - x[j]);
     for (int k = 1; k <= half; ++k) {
-        X.bins[k].im = -(sine(k, N) * u[1]);
+        X.bins[k].im = -(sine(k * t, N) * difference[1]);
         for (int j = 2; j <= half; ++j)
-            X.bins[k].im = X.bins[k].im - sine(j * k, N) * u[j];
+            X.bins[k].im = X.bins[k].im - sine(j * k * t, N) * difference[j];
     }
     return X;
 }

@@ -1,9 +1,8 @@
-// Good-Thomas splits of real data, N = f l with f and l coprime, by the Chinese remainder theorem:
-//   x index n = f n1 + l n2,  X index k = k1 mod l = k2 mod f,
-//   X[k] = sum over n1 of W_l^(n1 k1) Y[n1][k2],  Y[n1][k2] = sum over n2 of W_f^(n2 k2) x[n].
-// Columns k2 above f/2 are conjugates and never computed; k2 = 0 and k2 = f/2 are real. The inverse
-// is the mirror image: classes of frequencies first, those above l/2 being conjugates, then real
-// transforms of size l.
+// Good-Thomas splits of real data, N = f l with f and l coprime: l real transforms of size f, then
+// a transform of size l for each of their bins. Bins above f/2 are conjugates and never computed;
+// bins 0 and f/2 are real, and so are their transforms. The inverse is the mirror image, by the
+// Chinese remainder theorem: classes of frequencies first, those above l/2 being conjugates, then
+// real transforms of size l.
 
 #include "dft_real/builders.h"
 
@@ -31,40 +30,49 @@ bool isOwnConjugate(int index, int size)
 
 } // namespace
 
-HalfSpectrum goodThomasForward(ValuesView x, const Stage& stage, Stages inner)
+// The equal maps of the complex split: n = l a + f b and k = l k1 + f k2 mod N, a stage f with root
+// exponent t l, then a stage l with t f. By residues: x index n = f b + l a, X index k = k1 mod f =
+// k2 mod l, and both stages with exponent 1.
+HalfSpectrum goodThomasForward(ValuesView x, const Stage& stage, int t, const Nesting& inner)
 {
     const int N = stage.length;
     const int f = stage.first;
     const int l = stage.last;
+    const int firstExponent = inner.byResidues ? 1 : t * l % f;
+    const int lastExponent = inner.byResidues ? 1 : t * f % l;
+    const auto bin = [&](int k1, int k2) {
+        return inner.byResidues ? chineseRemainder(k2, l, k1, f) : (l * k1 + f * k2) % N;
+    };
+
     std::vector<HalfSpectrum> Y;
-    for (int n1 = 0; n1 < l; ++n1) {
+    for (int b = 0; b < l; ++b) {
         Values subsequence;
-        for (int n2 = 0; n2 < f; ++n2)
-            subsequence.push_back(x[(f * n1 + l * n2) % N]);
-        Y.push_back(realDft(subsequence, inner));
+        for (int a = 0; a < f; ++a)
+            subsequence.push_back(x[(l * a + f * b) % N]);
+        Y.push_back(realDft(subsequence, firstExponent, inner));
     }
     HalfSpectrum X(N);
-    for (int k2 = 0; k2 <= f / 2; ++k2) {
-        if (isOwnConjugate(k2, f)) {
+    for (int k1 = 0; k1 <= f / 2; ++k1) {
+        if (isOwnConjugate(k1, f)) {
             Values column;
-            for (int n1 = 0; n1 < l; ++n1)
-                column.push_back(Y[n1].bins[k2].re);
-            const HalfSpectrum V = realDft(column, inner);
-            for (int k1 = 0; k1 <= l / 2; ++k1)
-                X.set(chineseRemainder(k1, l, k2, f), V.bins[k1]);
+            for (int b = 0; b < l; ++b)
+                column.push_back(Y[b].bins[k1].re);
+            const HalfSpectrum V = realDft(column, lastExponent, inner);
+            for (int k2 = 0; k2 <= l / 2; ++k2)
+                X.set(bin(k1, k2), V.bins[k2]);
         } else {
             ComplexValues column;
-            for (int n1 = 0; n1 < l; ++n1)
-                column.push_back(Y[n1].bins[k2]);
-            const ComplexValues V = complexDft(column, 1);
-            for (int k1 = 0; k1 < l; ++k1)
-                X.set(chineseRemainder(k1, l, k2, f), V[k1]);
+            for (int b = 0; b < l; ++b)
+                column.push_back(Y[b].bins[k1]);
+            const ComplexValues V = complexDft(column, lastExponent);
+            for (int k2 = 0; k2 < l; ++k2)
+                X.set(bin(k1, k2), V[k2]);
         }
     }
     return X;
 }
 
-Values goodThomasInverse(const HalfSpectrum& X, const Stage& stage, Stages inner)
+Values goodThomasInverse(const HalfSpectrum& X, const Stage& stage, const Nesting& inner)
 {
     const int N = stage.length;
     const int f = stage.first;

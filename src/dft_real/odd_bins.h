@@ -15,15 +15,15 @@ struct OddHalfSpectrum {
 
     explicit OddHalfSpectrum(int size) : n(size), bins((size + 1) / 2) {}
 
-    ComplexValue at(int q) const; // any odd q from 1; above n the conjugate partner's
+    ComplexValue at(int q) const; // any odd q; above n the conjugate partner's
     void set(int q, ComplexValue x);
 };
 
 // C[q] = sum over i of b[i] e^(-2 pi i i q / 2n), q odd.
-OddHalfSpectrum oddBinDft(ValuesView b, OddBins method, Stages inner);
+OddHalfSpectrum oddBinDft(ValuesView b, OddBins method, const Nesting& inner);
 
 // d[j] = sum over odd q of C[q] e^(+2 pi i j q / 2n), j = 0 to n - 1, of bins that are doubled
 // already, but for the real bin n.
-Values inverseOddBinDft(const OddHalfSpectrum& C, OddBins method, Stages inner);
+Values inverseOddBinDft(const OddHalfSpectrum& C, OddBins method, const Nesting& inner);
 
 } // namespace rvn::dft_real

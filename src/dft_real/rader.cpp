@@ -15,7 +15,7 @@ namespace rvn::dft_real
 
 using namespace kernelgen;
 
-HalfSpectrum raderForward(ValuesView x, const RealRaderPlan& plan)
+HalfSpectrum raderForward(ValuesView x, const RealRaderPlan& plan, int t)
 {
     const int p = plan.prime;
     const int L = p - 1;
@@ -25,7 +25,7 @@ HalfSpectrum raderForward(ValuesView x, const RealRaderPlan& plan)
     Values permuted;
     for (const int index : power)
         permuted.push_back(x[index]);
-    const HalfSpectrum A = realDft(permuted, plan.first);
+    const HalfSpectrum A = realDft(permuted, 1, {plan.first, true});
 
     HalfSpectrum X(p);
     X.bins[0].re = x[0] + A.bins[0].re;
@@ -34,21 +34,22 @@ HalfSpectrum raderForward(ValuesView x, const RealRaderPlan& plan)
     OddHalfSpectrum oddBins(n);
     evenBins.bins[0].re = x[0] - (1.0 / L) * A.bins[0].re;
     for (int q = 1; q < n; ++q) {
-        const Diagonal D = diagonal(q, 2, plan.generator, p, 1);
+        const Diagonal D = diagonal(q, 2, plan.generator, p, t);
         const ComplexValue P = multiply(A.bins[q], D.re, D.im);
         if (q % 2 == 0)
             evenBins.set(q / 2, P);
         else
             oddBins.set(q, timesMinusI(P));
     }
-    const Diagonal D = diagonal(n, 1, plan.generator, p, 1);
+    const Diagonal D = diagonal(n, 1, plan.generator, p, t);
     if (n % 2 == 0)
         evenBins.set(n / 2, {D.re * A.bins[n].re, {}});
     else
         oddBins.set(n, {D.im * A.bins[n].re, {}});
 
-    const Values re = inverseRealDft(evenBins, plan.second);
-    const Values im = inverseOddBinDft(oddBins, plan.oddBins, plan.second);
+    const Values re = inverseRealDft(evenBins, {plan.second, true});
+    const std::array<Stage, 3> oddStages = {plan.oddStage, plan.second[0], plan.second[1]};
+    const Values im = inverseOddBinDft(oddBins, plan.oddBins, {oddStages, true});
     for (int j = 0; j < n; ++j)
         X.set(power[(L - j) % L], {re[j], im[j]});
     return X;
@@ -68,8 +69,8 @@ Values raderInverse(const HalfSpectrum& X, const RealRaderPlan& plan)
         re.push_back(a.re);
         im.push_back(a.im);
     }
-    const HalfSpectrum evenBins = realDft(re, plan.first);
-    const OddHalfSpectrum oddBins = oddBinDft(im, plan.oddBins, plan.first);
+    const HalfSpectrum evenBins = realDft(re, 1, {plan.first, true});
+    const OddHalfSpectrum oddBins = oddBinDft(im, plan.oddBins, {plan.first, true});
     const Value A0 = evenBins.bins[0].re;
 
     Values y(p);
@@ -85,7 +86,7 @@ Values raderInverse(const HalfSpectrum& X, const RealRaderPlan& plan)
     const Diagonal D = diagonal(n, 1, plan.generator, p, -1);
     P.bins[n].re = n % 2 == 0 ? D.re * evenBins.at(n / 2).re : -D.im * oddBins.at(n).re;
 
-    const Values z = inverseRealDft(P, plan.second);
+    const Values z = inverseRealDft(P, {plan.second, true});
     for (int j = 0; j < L; ++j)
         y[power[(L - j) % L]] = z[j];
     return y;

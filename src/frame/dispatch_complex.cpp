@@ -12,13 +12,13 @@ template <typename Element> using Kernel = RvnStatus(const Element*, Element*, R
 #define KERNEL_ADDRESS(N, transform, suffix, unused) transform##_##N##_##suffix,
 
 constexpr Kernel<Rvn32fc>* forward32fc[] = {
-    RVNG_LENGTHS_2_TO_64(KERNEL_ADDRESS, rvngDFTFwd_CToC, 32fc, )};
+    RVNG_LENGTHS_2_TO_64(KERNEL_ADDRESS, rvngDFTFwd_CToC, 32fc, unused)};
 constexpr Kernel<Rvn64fc>* forward64fc[] = {
-    RVNG_LENGTHS_2_TO_64(KERNEL_ADDRESS, rvngDFTFwd_CToC, 64fc, )};
+    RVNG_LENGTHS_2_TO_64(KERNEL_ADDRESS, rvngDFTFwd_CToC, 64fc, unused)};
 constexpr Kernel<Rvn32fc>* inverse32fc[] = {
-    RVNG_LENGTHS_2_TO_64(KERNEL_ADDRESS, rvngDFTInv_CToC, 32fc, )};
+    RVNG_LENGTHS_2_TO_64(KERNEL_ADDRESS, rvngDFTInv_CToC, 32fc, unused)};
 constexpr Kernel<Rvn64fc>* inverse64fc[] = {
-    RVNG_LENGTHS_2_TO_64(KERNEL_ADDRESS, rvngDFTInv_CToC, 64fc, )};
+    RVNG_LENGTHS_2_TO_64(KERNEL_ADDRESS, rvngDFTInv_CToC, 64fc, unused)};
 
 } // namespace
 

@@ -12,8 +12,8 @@ template <typename Element> using Kernel = RvnStatus(const Element*, Element*, R
 
 #define KERNEL_ADDRESS(k, suffix, unused1, unused2) rvngWHT_##k##_##suffix,
 
-constexpr Kernel<float>* kernels32f[] = {RVNG_ORDERS_1_TO_13(KERNEL_ADDRESS, 32f, , )};
-constexpr Kernel<double>* kernels64f[] = {RVNG_ORDERS_1_TO_13(KERNEL_ADDRESS, 64f, , )};
+constexpr Kernel<float>* kernels32f[] = {RVNG_ORDERS_1_TO_13(KERNEL_ADDRESS, 32f, unused, unused)};
+constexpr Kernel<double>* kernels64f[] = {RVNG_ORDERS_1_TO_13(KERNEL_ADDRESS, 64f, unused, unused)};
 
 } // namespace
 

@@ -56,6 +56,14 @@ Value operator*(double constant, Value x)
     return product;
 }
 
+Factors factors(Value x)
+{
+    const Node& node = x.builder->nodes_[x.node];
+    if (node.op != Op::Multiply)
+        return {x, 1};
+    return {{x.builder, node.operand[0], x.negative}, node.constant};
+}
+
 Value GraphBuilder::load(int input)
 {
     return sharedNode({.op = Op::Load, .input = input});

@@ -29,6 +29,13 @@ Value operator+(Value x, Value y);
 Value operator-(Value x, Value y);
 Value operator*(double constant, Value x); // 1 and -1 make no node; 0 is refused
 
+// A product's operand, with its sign, and its constant; of any other value, itself and 1.
+struct Factors {
+    Value operand;
+    double constant;
+};
+Factors factors(Value x);
+
 class GraphBuilder
 {
 public:
@@ -45,6 +52,7 @@ public:
 private:
     friend Value operator+(Value x, Value y);
     friend Value operator*(double constant, Value x);
+    friend Factors factors(Value x);
 
     Value sharedNode(const Node& node);
 

@@ -15,6 +15,13 @@ std::string inWords(Counts counts)
            std::to_string(counts.multiplications) + " multiplications";
 }
 
+[[noreturn]] void refuse(std::string_view family, int length, const std::string& expected,
+                         const std::string& found)
+{
+    throw std::runtime_error(std::string(family) + ", length " + std::to_string(length) +
+                             ": expected " + expected + ", found " + found);
+}
+
 } // namespace
 
 Counts countOperations(const Graph& graph)
@@ -30,8 +37,15 @@ Counts countOperations(const Graph& graph)
 void requireCounts(std::string_view family, int length, Counts expected, Counts found)
 {
     if (expected != found)
-        throw std::runtime_error(std::string(family) + ", length " + std::to_string(length) +
-                                 ": expected " + inWords(expected) + ", found " + inWords(found));
+        refuse(family, length, inWords(expected), inWords(found));
+}
+
+void requireCount(std::string_view family, int length, std::string_view what, int expected,
+                  int found)
+{
+    const std::string unit = " " + std::string(what);
+    if (expected != found)
+        refuse(family, length, std::to_string(expected) + unit, std::to_string(found) + unit);
 }
 
 } // namespace rvn::kernelgen

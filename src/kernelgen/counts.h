@@ -20,4 +20,8 @@ Counts countOperations(const Graph& graph);
 // Throws std::runtime_error, naming family, length and both counts, when they differ.
 void requireCounts(std::string_view family, int length, Counts expected, Counts found);
 
+// The same of one count, such as "negated outputs".
+void requireCount(std::string_view family, int length, std::string_view what, int expected,
+                  int found);
+
 } // namespace rvn::kernelgen

@@ -22,7 +22,7 @@ std::string literal(double value)
     return text.data();
 }
 
-std::string scaleLiteral(double value, Format format)
+std::string literalOf(double value, Format format)
 {
     return format == Format::Binary64 ? literal(value) : literal(static_cast<float>(value)) + "f";
 }
@@ -57,16 +57,32 @@ public:
         return indent() + "const " + typeName(held) + " " + name(node) + " = " + value + ";\n";
     }
 
+    // The sign of a negated output is applied to the scaled value, as a subtraction from +0.0.
     std::string store(int output) const
     {
         const auto [node, negated] = graph_.outputs[output];
+        const bool isWide = formats_[node].held != body_.format;
+        std::string value = name(node);
+        if (body_.isScaled)
+            value = (isWide ? "static_cast<double>(S) * " : "S * ") + value;
         if (negated)
-            throw std::logic_error("output " + std::to_string(output) + " has the opposite sign");
-        return indent() + "out[" + std::to_string(body_.destinationSlot[output]) +
-               "] = " + (body_.isScaled ? "S * " : "") + name(node) + ";\n";
+            value = (isWide || body_.format == Format::Binary64 ? "0.0 - " : "0.0f - ") + value;
+        if (isWide)
+            value = "static_cast<float>(" + value + ")";
+        return storeTo(body_.destinationSlot[output], value);
+    }
+
+    std::string storeZero(int slot) const
+    {
+        return storeTo(slot, body_.format == Format::Binary64 ? "0.0" : "0.0f");
     }
 
 private:
+    std::string storeTo(int slot, const std::string& value) const
+    {
+        return indent() + "out[" + std::to_string(slot) + "] = " + value + ";\n";
+    }
+
     std::string name(int node) const
     {
         const bool isWide = formats_[node].held != body_.format;
@@ -86,7 +102,7 @@ private:
         const Format computed = formats_[index].computed;
         const std::string left = operand(node.operand[0], computed);
         if (node.op == Op::Multiply)
-            return literal(node.constant) + " * " + left;
+            return literalOf(node.constant, computed) + " * " + left;
         return left + (node.op == Op::Add ? " + " : " - ") + operand(node.operand[1], computed);
     }
 
@@ -139,7 +155,7 @@ std::string scalarType(Format format)
 
 std::string emitHead(const Function& function)
 {
-    const auto factor = [&](double value) { return scaleLiteral(value, function.format); };
+    const auto factor = [&](double value) { return literalOf(value, function.format); };
     const auto [none, bySqrtN, fwdByN, invByN] = function.scale;
     static constexpr std::array<const char*, 3> bufferParameter = {"", ", void*", ", void* buffer"};
     std::ostringstream text;
@@ -182,6 +198,8 @@ std::string emitBody(const Body& body, const Graph& graph, const Schedule& sched
             break;
         }
     }
+    for (const int slot : body.zeroSlot)
+        source += text.storeZero(slot);
     return source;
 }
 

@@ -41,12 +41,13 @@ std::string scalarType(Format format);
 // The function's head: argument checks, then the choice of S.
 std::string emitHead(const Function& function);
 
-// Where the inputs of a graph lie behind the pointer `in` and its outputs behind `out`, and whether
-// the outputs are multiplied by S.
+// Where the inputs of a graph lie behind the pointer `in` and its outputs behind `out`, whether the
+// outputs are multiplied by S, and which slots are +0.0 without arithmetic.
 struct Body {
     Format format;
     std::vector<int> sourceSlot;
     std::vector<int> destinationSlot;
+    std::vector<int> zeroSlot = {};
     bool isScaled = true;
     int indent = 4;
 };

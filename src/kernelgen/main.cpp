@@ -6,6 +6,8 @@
 // It stops with a message and status 1 when a graph does not have the counts of its plan.
 
 #include "dft_complex/kernels.h"
+#include "dft_real/kernels.h"
+#include "hartley/kernels.h"
 #include "wht/kernels.h"
 #include "wht/plans.h"
 
@@ -23,6 +25,12 @@ void writeKernels(const std::filesystem::path& folder)
     for (const auto format : {kernelgen::Format::Binary32, kernelgen::Format::Binary64}) {
         for (const dft_complex::ComplexPlan& plan : dft_complex::complexPlans())
             kernelgen::writeFile(folder / "dft_complex", dft_complex::kernelFile(plan, format));
+        for (const dft_real::ForwardPlan& plan : dft_real::forwardPlans())
+            kernelgen::writeFile(folder / "dft_real", dft_real::forwardFile(plan, format));
+        for (const dft_real::InversePlan& plan : dft_real::inversePlans())
+            kernelgen::writeFile(folder / "dft_real", dft_real::inverseFile(plan, format));
+        for (const hartley::HartleyPlan& plan : hartley::hartleyPlans())
+            kernelgen::writeFile(folder / "hartley", hartley::kernelFile(plan, format));
         for (int order = wht::lowestOrder; order <= wht::highestOrder; ++order)
             kernelgen::writeFile(folder / "wht", wht::kernelFile(order, format));
     }
@@ -39,8 +47,11 @@ int main(int argc, char** argv)
             return 0;
         }
         if (arguments.size() == 1 && arguments[0] == "--report") {
-            std::cout << rvn::dft_complex::report() << "\n" << rvn::wht::report();
-            return 0;
+            std::cout << rvn::dft_complex::report() << "\n"
+                      << rvn::dft_real::report() << "\n"
+                      << rvn::hartley::report() << "\n"
+                      << rvn::wht::report();
+            return std::cout.flush() ? 0 : 1;
         }
     } catch (const std::exception& error) {
         std::cerr << "rvnkernelgen: " << error.what() << "\n";

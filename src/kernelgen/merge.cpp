@@ -38,7 +38,6 @@ Graph mergeProducts(Graph graph)
     Graph merged;
     std::vector<int> place(graph.nodes.size());     // of a node in the merged graph
     std::vector<int> standsFor(graph.nodes.size()); // the node that holds its value
-    std::vector<bool> isMerged(graph.nodes.size());
 
     // Operands stand before their users, so one pass sees chains of products through to the end.
     for (std::size_t i = 0; i < graph.nodes.size(); ++i) {
@@ -50,11 +49,19 @@ Graph mergeProducts(Graph graph)
             scale(graph, node.operand[0], node.constant);
             standsFor[i] = node.operand[0];
             uses[standsFor[i]] = uses[i];
-            isMerged[i] = true;
         }
     }
+    // What nothing uses any more is dropped.
+    std::vector<bool> isNeeded(graph.nodes.size());
+    for (const Output& output : graph.outputs)
+        isNeeded[standsFor[output.node]] = true;
+    for (std::size_t i = graph.nodes.size(); i-- > 0;)
+        if (isNeeded[i] || graph.nodes[i].op == Op::Load)
+            for (const int operand : operands(graph.nodes[i]))
+                isNeeded[operand] = true;
+
     for (std::size_t i = 0; i < graph.nodes.size(); ++i) {
-        if (isMerged[i])
+        if (!isNeeded[i] && graph.nodes[i].op != Op::Load)
             continue;
         Node node = graph.nodes[i];
         for (std::size_t o = 0; o < operands(node).size(); ++o)

@@ -12,22 +12,27 @@ std::vector<NodeFormat> assignFormats(const Graph& graph, Format element)
     if (element == Binary64)
         return {graph.nodes.size(), {Binary64, Binary64}};
     const std::vector<int> uses = useCounts(graph);
-    std::vector<bool> isOutput(graph.nodes.size());
-    for (const Output& output : graph.outputs)
-        isOutput[output.node] = true;
-
     std::vector<NodeFormat> formats;
     for (std::size_t i = 0; i < graph.nodes.size(); ++i) {
         const Node& node = graph.nodes[i];
+        const bool isDoubling = node.op == Op::Multiply && node.constant == 2;
         const bool isExpression =
-            node.op == Op::Multiply || std::ranges::any_of(operands(node), [&](int operand) {
-                return formats[operand].held == Binary64;
-            });
-        const bool endsHere = uses[i] > 1 || isOutput[i];
+            !isDoubling &&
+            (node.op == Op::Multiply || std::ranges::any_of(operands(node), [&](int operand) {
+                 return formats[operand].held == Binary64;
+             }));
+        const bool endsHere = uses[i] > 1;
         formats.push_back(
             {isExpression ? Binary64 : Binary32, isExpression && !endsHere ? Binary64 : Binary32});
     }
     return formats;
+}
+
+int countScaledInBinary64(const Graph& graph, const std::vector<NodeFormat>& formats)
+{
+    return static_cast<int>(std::ranges::count_if(graph.outputs, [&](const Output& output) {
+        return formats[output.node].held == Binary64;
+    }));
 }
 
 Conversions countConversions(const Graph& graph, const std::vector<NodeFormat>& formats)

@@ -1,9 +1,10 @@
 // The precision of every operation of a kernel.
 //
 // In a binary64 kernel everything is binary64. In a binary32 kernel a sum of binary32 values is a
-// binary32 operation; an expression with constants is evaluated in binary64, its binary32 operands
-// widened exactly, and rounded once where it ends. It ends at a value that is used more than once
-// or is an output: no binary64 value is ever used twice.
+// binary32 operation, and so is a doubling, which is exact. An expression with constants is
+// evaluated in binary64, its binary32 operands widened exactly, and rounded once where it ends. It
+// ends at a value that is used more than once: no binary64 value is ever used twice. Where its one
+// use is an output, the product by S is its last operation, also in binary64.
 #pragma once
 
 #include "kernelgen/graph.h"
@@ -19,6 +20,9 @@ struct NodeFormat {
 };
 
 std::vector<NodeFormat> assignFormats(const Graph& graph, Format element);
+
+// The outputs of a binary32 kernel that take S in binary64.
+int countScaledInBinary64(const Graph& graph, const std::vector<NodeFormat>& formats);
 
 // The conversions this costs: binary32 operands of binary64 operations, and results rounded.
 struct Conversions {

@@ -48,13 +48,30 @@ ComplexValue twiddle(ComplexValue x, long exponent, long length)
             x = timesMinusI(x);
         return x;
     }
-    if (8 * e % length == 0) { // (1 - i)/sqrt 2, turned by quarters
+    if (8 * e % length == 0) { // (+-1 +-i)/sqrt 2
         const double c = cosine(1, 8);
         const Value p = c * x.re;
         const Value q = c * x.im;
-        return twiddle({p + q, q - p}, e - length / 8, length);
+        const double cosineSign = cosine(e, length) > 0 ? 1 : -1;
+        const double sineSign = sine(e, length) > 0 ? 1 : -1;
+        return {cosineSign * p + sineSign * q, cosineSign * q - sineSign * p};
     }
     return multiply(x, cosine(e, length), -sine(e, length));
+}
+
+ComplexValue twiddleProducts(ComplexValue x, long exponent, long length)
+{
+    const double c = cosine(exponent, length);
+    const double s = -sine(exponent, length);
+    if (c == 0 || s == 0)
+        return twiddle(x, exponent, length);
+    const auto [re, reConstant] = factors(x.re);
+    const auto [im, imConstant] = factors(x.im);
+    const Value p = (c * reConstant) * re;
+    const Value q = (s * imConstant) * im;
+    const Value u = (c * imConstant) * im;
+    const Value v = (s * reConstant) * re;
+    return {p - q, u + v};
 }
 
 ComplexValue HalfSpectrum::at(int k) const

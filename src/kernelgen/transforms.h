@@ -31,6 +31,10 @@ ComplexValue multiply(ComplexValue x, double re, double im);
 // and 2 additions, multiplying first, all others the general product.
 ComplexValue twiddle(ComplexValue x, long exponent, long length);
 
+// The same where a part of x that is a product is replaced by its factors, their constants merged
+// into those of the rotation.
+ComplexValue twiddleProducts(ComplexValue x, long exponent, long length);
+
 // The bins 0 to length/2 of a spectrum with X[length - k] = conj X[k]. Bin 0 and, for even length,
 // bin length/2 are real: their imaginary parts do not exist.
 struct HalfSpectrum {
@@ -45,19 +49,24 @@ struct HalfSpectrum {
 
 enum class Method { Butterfly, Direct, CooleyTukey, GoodThomas, Rader };
 
-// How the stage of one length inside a longer transform runs, first factor first. Of two conjugate
-// classes of frequencies an inverse Cooley-Tukey stage transforms the lower or the upper one: the
-// twiddle factors and the constants merged into them differ.
+// How the stage of one length inside a longer transform runs, first factor first. Two stages have
+// another form: of two conjugate classes of frequencies an inverse Cooley-Tukey stage transforms
+// the upper one, with other twiddle factors; an inverse Rader stage takes its second plan.
 struct Stage {
     int length = 0; // 0: unused place in a row
     Method method = Method::Butterfly;
     int first = 0;
     int last = 0;
-    bool upperClasses = false;
+    bool otherForm = false;
 };
 
-// The stages of a transform that do not run as the table of their own length says.
-using Stages = std::span<const Stage>;
+// What a real transform hands down to its stages: the stages that do not run as the table of their
+// own length says, and, inside Rader's method, that Good-Thomas splits of the forward transform map
+// indices by residues and not by the equal maps of the complex one.
+struct Nesting {
+    std::span<const Stage> stages = {};
+    bool byResidues = false;
+};
 
 // X[k] = sum over n of x[n] e^(-2 pi i t n k / N), with t coprime to N, the size of x.
 ComplexValues complexDft(ComplexView x, int t);
@@ -65,11 +74,11 @@ ComplexValues complexDft(ComplexView x, int t);
 // y[n] = sum over k of X[k] e^(+2 pi i n k / N): the forward transform with the parts exchanged.
 ComplexValues inverseComplexDft(ComplexView x);
 
-// X[k] = sum over n of x[n] e^(-2 pi i n k / N), k = 0 to N/2, of real x.
-HalfSpectrum realDft(ValuesView x, Stages inner);
+// X[k] = sum over n of x[n] e^(-2 pi i t n k / N), k = 0 to N/2, of real x.
+HalfSpectrum realDft(ValuesView x, int t, const Nesting& inner);
 
 // y[n] = R(0) + sum over k of (r(k) cos(2 pi n k / N) - s(k) sin(2 pi n k / N)) + (-1)^n R(N/2),
 // k from 1 to (N-1)/2, of the half spectrum whose inner bins (r, s) are doubled already.
-Values inverseRealDft(const HalfSpectrum& X, Stages inner);
+Values inverseRealDft(const HalfSpectrum& X, const Nesting& inner);
 
 } // namespace rvn::kernelgen

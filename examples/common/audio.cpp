@@ -7,7 +7,7 @@
 #include <filesystem>
 #include <sndfile.h>
 
-namespace spectrogram
+namespace examples
 {
 namespace
 {
@@ -41,12 +41,12 @@ AudioFile::AudioFile(const std::string& path) : path_(path)
     SF_INFO info = {};
     file_.reset(sf_open(path.c_str(), SFM_READ, &info));
     if (!file_)
-        throw examples::Failure("'" + path + "': " + openError(path));
+        throw Failure("'" + path + "': " + openError(path));
     if (info.channels > 2)
-        throw examples::Failure("'" + path + "': " + std::to_string(info.channels) +
-                                " channels; only mono and stereo are understood");
+        throw Failure("'" + path + "': " + std::to_string(info.channels) +
+                      " channels; only mono and stereo are understood");
     if (info.frames <= 0)
-        throw examples::Failure("'" + path + "': holds no samples");
+        throw Failure("'" + path + "': holds no samples");
     sampleRate_ = info.samplerate;
     channels_ = info.channels;
     samples_ = info.frames;
@@ -56,10 +56,10 @@ void AudioFile::read(std::span<float> interleaved)
 {
     const auto wanted = static_cast<sf_count_t>(interleaved.size());
     if (sf_read_float(file_.get(), interleaved.data(), wanted) != wanted)
-        throw examples::Failure("'" + path_ + "': ends before its announced length");
+        throw Failure("'" + path_ + "': ends before its announced length");
     for (const float sample : interleaved)
         if (!(std::abs(sample) <= largestSample)) // so that NaN is refused too
-            throw examples::Failure("'" + path_ + "': holds samples that are not finite sound");
+            throw Failure("'" + path_ + "': holds samples that are not finite sound");
 }
 
-} // namespace spectrogram
+} // namespace examples

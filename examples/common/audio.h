@@ -1,6 +1,6 @@
 // audio.h - an audio file, opened for reading from its start to its end.
-#ifndef SPECTROGRAM_AUDIO_H
-#define SPECTROGRAM_AUDIO_H
+#ifndef EXAMPLES_AUDIO_H
+#define EXAMPLES_AUDIO_H
 
 #include <cstdint>
 #include <memory>
@@ -9,7 +9,7 @@
 
 typedef struct sf_private_tag SNDFILE;
 
-namespace spectrogram
+namespace examples
 {
 
 class AudioFile
@@ -39,6 +39,6 @@ private:
     std::int64_t samples_ = 0;
 };
 
-} // namespace spectrogram
+} // namespace examples
 
 #endif

@@ -1,0 +1,24 @@
+// response.h - finite impulse responses that pass a band, designed with a windowed sinc.
+#ifndef CONVOLVE_RESPONSE_H
+#define CONVOLVE_RESPONSE_H
+
+#include <vector>
+
+namespace convolve
+{
+
+// The frequencies to be passed, in Hz: low 0 makes a low-pass, high infinity a high-pass.
+struct Band {
+    double low = 0;
+    double high = 0;
+};
+
+// A symmetric response of an odd number of taps, which delays by (taps - 1) / 2 samples. The gain
+// is 1 at zero, at half the sample rate or in the middle of the band; at the edges about 1/2. The
+// Hamming window leaves some -53 dB beyond 1.65 * sampleRate / taps from an edge. Throws Failure
+// for edges that do not lie below half the sample rate.
+std::vector<float> designResponse(Band band, int taps, int sampleRate);
+
+} // namespace convolve
+
+#endif
