@@ -3,15 +3,17 @@
 // Ours      the kernel through its address, RvnScaleNone. It multiplies every output by S = 1,
 //           which the peers do not do.
 // FFTW      fftw_execute on a plan for these very arrays, FFTW_PATIENT: the call that its manual
-//           names as the fastest. "FFTW scalar" is planned without the codelets that use vector
-//           instructions, "FFTW SIMD" with all that it has for this processor.
+//           names as the fastest.
 // KissFFT   kiss_fft on a prepared state, binary32 only. In place it transforms into a block that
 //           it allocates at every call, and copies it back.
 
 #include "complex_contenders.h"
 
-#include "complex_kernels.h"
-#include "complex_peers.h"
+#include "fftw_plans.h"
+#include "kernels.h"
+#include "kiss_states.h"
+
+#include <type_traits>
 
 namespace rvn::bench
 {
@@ -19,50 +21,54 @@ namespace rvn::bench
 namespace
 {
 
-constexpr unsigned fftwSimd = FFTW_PATIENT;
-constexpr unsigned fftwScalar = FFTW_PATIENT | FFTW_NO_SIMD;
+template <typename Real>
+using Element = std::conditional_t<std::is_same_v<Real, float>, Rvn32fc, Rvn64fc>;
+
+template <typename Real> Draw<Real> problems(int length, Direction direction)
+{
+    return [=](Random& random) {
+        const std::vector<Real> signal = drawn<Real>(2 * length, random);
+        return Problem<Real>{signal, directComplexDft({signal.begin(), signal.end()}, direction)};
+    };
+}
 
 } // namespace
 
-template <typename Element> Names complexContenderNames()
+template <typename Real>
+Entrants<Real> complexEntrants(Buffers<Real>& buffers, int length, Direction direction,
+                               Placement placement)
 {
-    Names names = {"ours", "FFTW scalar", "FFTW SIMD"};
-    if constexpr (std::is_same_v<Element, Rvn32fc>)
-        names.push_back("KissFFT");
-    return names;
-}
+    using Api = Fftw<Real>;
+    using Complex = typename Api::Complex;
+    Real* const source = buffers.source.data();
+    Real* const destination = buffers.destination(placement);
+    const bool forward = direction == Direction::Forward;
+    const Draw<Real> draw = problems<Real>(length, direction);
+    Entrants<Real> all;
 
-template <typename Element>
-std::vector<Contender> complexContenders(ComplexBuffers<Element>& buffers, int length,
-                                         Direction direction, Placement placement)
-{
-    Element* const source = buffers.source.data();
-    Element* const destination = buffers.destination(placement);
-    const Names names = complexContenderNames<Element>();
+    const Kernel<Element<Real>> kernel = (forward ? fwdCToC : invCToC).template of<Real>(length);
+    const auto* const src = reinterpret_cast<const Element<Real>*>(source);
+    auto* const dst = reinterpret_cast<Element<Real>*>(destination);
+    all.push_back({contender("ours", [=] { kernel(src, dst, RvnScaleNone); }), draw});
 
-    const Kernel<Element> kernel = kernelOf<Element>(length, direction);
-    std::vector<Contender> all = {
-        contender(names[0], [=] { kernel(source, destination, RvnScaleNone); })};
-
-    for (const unsigned flags : {fftwScalar, fftwSimd}) {
-        const FftwPlan<Element> plan = planFftw(length, source, destination, direction, flags);
-        all.push_back(contender(names[all.size()], [=] { Fftw<Element>::execute(plan.get()); }));
+    for (const FftwVariant& variant : fftwVariants) {
+        const FftwPlan<Real> plan =
+            planFftw<Real>(Api::complexToComplex, length, reinterpret_cast<Complex*>(source),
+                           reinterpret_cast<Complex*>(destination),
+                           forward ? FFTW_FORWARD : FFTW_BACKWARD, variant.flags);
+        all.push_back({contender(variant.name, [=] { Api::execute(plan.get()); }), draw});
     }
 
-    if constexpr (std::is_same_v<Element, Rvn32fc>) {
-        const KissState state = planKiss(length, direction);
-        const kiss_fft_cpx* const in = reinterpret_cast<const kiss_fft_cpx*>(source);
-        kiss_fft_cpx* const out = reinterpret_cast<kiss_fft_cpx*>(destination);
-        all.push_back(contender(names[all.size()], [=] { kiss_fft(state.get(), in, out); }));
+    if constexpr (std::is_same_v<Real, float>) {
+        const KissState<kiss_fft_cfg> state = planKiss(kiss_fft_alloc, length, direction);
+        const auto* const in = reinterpret_cast<const kiss_fft_cpx*>(source);
+        auto* const out = reinterpret_cast<kiss_fft_cpx*>(destination);
+        all.push_back({contender("KissFFT", [=] { kiss_fft(state.get(), in, out); }), draw});
     }
     return all;
 }
 
-template Names complexContenderNames<Rvn32fc>();
-template Names complexContenderNames<Rvn64fc>();
-template std::vector<Contender> complexContenders(ComplexBuffers<Rvn32fc>&, int, Direction,
-                                                  Placement);
-template std::vector<Contender> complexContenders(ComplexBuffers<Rvn64fc>&, int, Direction,
-                                                  Placement);
+template Entrants<float> complexEntrants(Buffers<float>&, int, Direction, Placement);
+template Entrants<double> complexEntrants(Buffers<double>&, int, Direction, Placement);
 
 } // namespace rvn::bench

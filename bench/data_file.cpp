@@ -45,8 +45,12 @@ void writeRow(std::ostream& file, const Layout& layout, const Row& row)
         else
             file << " -";
     }
-    for (const double figure : row.extras)
-        file << " " << figure;
+    for (std::size_t i = 0; i < layout.extra.names.size(); ++i) {
+        if (i < row.extras.size())
+            file << " " << row.extras[i];
+        else
+            file << " -";
+    }
     file << "\n";
 }
 

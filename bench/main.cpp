@@ -6,8 +6,10 @@
 #include "clock.h"
 #include "complex_series.h"
 #include "data_file.h"
+#include "hartley_series.h"
 #include "machine.h"
 #include "options.h"
+#include "real_series.h"
 #include "series.h"
 #include "table.h"
 #include "wht_series.h"
@@ -33,8 +35,10 @@ struct FamilyEntry {
     Series (*series)(const Options&, Precision);
 };
 
-constexpr std::array<FamilyEntry, 2> families = {{
+constexpr std::array<FamilyEntry, 4> families = {{
     {Family::Complex, complexMethod, complexSeries},
+    {Family::Real, realMethod, realSeries},
+    {Family::Hartley, hartleyMethod, hartleySeries},
     {Family::Wht, whtMethod, whtSeries},
 }};
 

@@ -23,9 +23,9 @@ using Text = std::string_view;
 
 struct Option {
     Text name;
-    std::optional<Family> family; // the only one that it concerns
-    bool (*set)(Options&, Text);  // false: the value is refused
-    Text wanted;                  // the value, for people; empty: it takes none
+    std::span<const Family> families; // those that it concerns; empty: all
+    bool (*set)(Options&, Text);      // false: the value is refused
+    Text wanted;                      // the value, for people; empty: it takes none
 };
 
 // The field that a value sets, if the value is good.
@@ -47,8 +47,9 @@ bool choose(std::vector<Value>& field, Text name,
     return chosen != choices.end();
 }
 
-constexpr std::array familyNames = {std::pair(Text("complex"), Family::Complex),
-                                    std::pair(Text("wht"), Family::Wht)};
+constexpr std::array familyNames = {
+    std::pair(Text("complex"), Family::Complex), std::pair(Text("real"), Family::Real),
+    std::pair(Text("hartley"), Family::Hartley), std::pair(Text("wht"), Family::Wht)};
 
 constexpr std::array precisionNames = {
     std::pair(Text("32fc"), Precision::Single), std::pair(Text("32f"), Precision::Single),
@@ -109,21 +110,22 @@ bool setOutput(Options& options, Text value)
     return std::filesystem::is_directory(value);
 }
 
-// Which family an option concerns.
-constexpr std::optional<Family> any = {};
-constexpr std::optional<Family> complex = Family::Complex;
-constexpr std::optional<Family> wht = Family::Wht;
+// Which families an option concerns.
+constexpr std::array<Family, 0> any = {};
+constexpr std::array lengths = {Family::Complex, Family::Real, Family::Hartley};
+constexpr std::array inverse = {Family::Complex, Family::Real};
+constexpr std::array orders = {Family::Wht};
 
 // --quick before --repetitions, which has the last word; --family before those that depend on it.
 // clang-format off
 constexpr std::array<Option, 10> table = {{
-    {"--family",      any,     setFamily,    "complex or wht"},
+    {"--family",      any,     setFamily,    "complex, real, hartley or wht"},
     {"--quick",       any,     setQuick,     ""},
-    {"--lengths",     complex, setLengths,   "lengths from 2 to 64, as in 8 or 2-16 or 3,5,60-64"},
-    {"--orders",      wht,     setOrders,    "orders from 1 to 13, as in 8 or 1-7 or 3,5,10-13"},
+    {"--lengths",     lengths, setLengths,   "lengths from 2 to 64, as in 8 or 2-16 or 3,5,60-64"},
+    {"--orders",      orders,  setOrders,    "orders from 1 to 13, as in 8 or 1-7 or 3,5,10-13"},
     {"--precision",   any,     setPrecision, "32fc, 32f, 64fc or 64f"},
     {"--in-place",    any,     setInPlace,   ""},
-    {"--inverse",     complex, setInverse,   ""},
+    {"--inverse",     inverse, setInverse,   ""},
     {"--repetitions", any,     setRounds,    "a count from 1 to 1000"},
     {"--limit",       any,     setLimits,    "ratios, as in 0.9 or 0.9,1.0"},
     {"--output",      any,     setOutput,    "an existing folder"},
@@ -170,10 +172,8 @@ Options parseOptions(std::span<char* const> arguments)
     for (const auto [option, value] : read(arguments)) {
         if (!option->set(options, value))
             refuse(option->name, value, option->wanted);
-        const auto measured = [&](Family family) {
-            return std::ranges::find(options.families, family) != options.families.end();
-        };
-        if (option->family && !measured(*option->family))
+        const auto concerned = std::ranges::find_first_of(options.families, option->families);
+        if (!option->families.empty() && concerned == options.families.end())
             refuse(option->name, value, "concerns a family that is not measured");
     }
     return options;

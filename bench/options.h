@@ -11,18 +11,20 @@
 namespace rvn::bench
 {
 
-constexpr int shortestLength = 2; // of the complex DFT
+constexpr int shortestLength = 2; // of the DFTs and the Hartley transform
 constexpr int longestLength = 64;
 constexpr int lowestOrder = 1; // of the Walsh-Hadamard transform
 constexpr int highestOrder = 13;
 
-enum class Family { Complex, Wht };           // complex DFT, Walsh-Hadamard transform
+// Complex DFT, real DFT, Hartley transform, Walsh-Hadamard transform.
+enum class Family { Complex, Real, Hartley, Wht };
+
 enum class Precision { Single, Double };      // elements 32fc and 32f, 64fc and 64f
-enum class Direction { Forward, Inverse };    // rvngDFTFwd_CToC, rvngDFTInv_CToC
+enum class Direction { Forward, Inverse };    // rvngDFTFwd_..., rvngDFTInv_...
 enum class Placement { OutOfPlace, InPlace }; // where the result goes: a second array or the first
 
 struct Options {
-    std::vector<Family> families = {Family::Complex, Family::Wht};
+    std::vector<Family> families = {Family::Complex, Family::Real, Family::Hartley, Family::Wht};
     std::vector<int> lengths; // ascending
     std::vector<int> orders;  // ascending
     std::vector<Precision> precisions = {Precision::Double, Precision::Single};

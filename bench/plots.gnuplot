@@ -45,6 +45,8 @@ set linetype 1 linecolor "#000000" linewidth 2 pointtype 7 pointsize 0.8
 set linetype 2 linecolor "#0072b2" linewidth 2 pointtype 5 pointsize 0.8
 set linetype 3 linecolor "#d55e00" linewidth 2 pointtype 9 pointsize 0.9
 set linetype 4 linecolor "#009e73" linewidth 2 pointtype 13 pointsize 1.0
+set linetype 5 linecolor "#cc79a7" linewidth 2 pointtype 11 pointsize 0.9
+set linetype 6 linecolor "#e69f00" linewidth 2 pointtype 3 pointsize 0.9
 
 set output stem . "_ratio.png"
 set title title . "\ntimes as fast as the peer: its time over ours"
@@ -81,4 +83,4 @@ if (key eq "error") {
     set yrange [0.8 : 2 < *]
 }
 plot for [i = 0 : extras - 1] data using 1:(column(firstExtra + i)) \
-    with linespoints linetype i + 1 title columnheader(firstExtra + i)
+    with linespoints linetype (i == 0 ? 1 : firstPeer + i) title columnheader(firstExtra + i)

@@ -36,7 +36,7 @@ struct Layout {
 struct Row {
     std::vector<int> sizes;      // the first one names the row
     std::vector<Timing> timings; // of the contenders; the last ones are missing if they cannot run
-    std::vector<double> extras;
+    std::vector<double> extras;  // likewise
 };
 
 struct Series {

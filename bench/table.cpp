@@ -7,6 +7,7 @@
 #include <algorithm>
 #include <array>
 #include <cstdio>
+#include <iterator>
 
 namespace rvn::bench
 {
@@ -55,21 +56,49 @@ template <typename Get> std::vector<double> column(const std::vector<Row>& rows,
     return values;
 }
 
-void printRatios(const Layout& layout, const std::vector<Row>& rows, std::size_t peer)
+// The rows in which a contender has a time.
+std::vector<Row> timedRows(const std::vector<Row>& rows, std::size_t contender)
 {
+    std::vector<Row> timed;
+    std::ranges::copy_if(rows, std::back_inserter(timed),
+                         [=](const Row& row) { return contender < row.timings.size(); });
+    return timed;
+}
+
+// Our own contenders behind the first one, their times against its time.
+void printOwn(const Layout& layout, const std::vector<Row>& rows, std::size_t own)
+{
+    const auto ratioOf = [=](const Row& row) { return ratio(row, own); };
+    const Row& slowest = *std::ranges::max_element(rows, {}, ratioOf);
+    std::printf("    %-11s  geometric mean %.3f, largest %.2f at %s %d\n",
+                layout.contenders[own].c_str(), geometricMean(column(rows, ratioOf)),
+                ratio(slowest, own), layout.size.c_str(), slowest.sizes.front());
+}
+
+void printRatios(const Layout& layout, const std::vector<Row>& all, std::size_t peer)
+{
+    const std::vector<Row> rows = timedRows(all, peer);
+    if (rows.empty())
+        return;
     const auto ratioOf = [=](const Row& row) { return ratio(row, peer); };
     const auto spreadOf = [=](const Row& row) { return row.timings[peer].spread; };
     const Row& slowest = *std::ranges::min_element(rows, {}, ratioOf);
-    std::printf("    %-11s  geometric mean %.3f, worst %.2f at %s %d; quartiles of the rounds "
-                "within %.1f %%\n",
-                layout.contenders[peer].c_str(), geometricMean(column(rows, ratioOf)),
-                ratio(slowest, peer), layout.size.c_str(), slowest.sizes.front(),
-                100 * std::ranges::max(column(rows, spreadOf)));
+    std::printf(
+        "    %-11s  geometric mean %.3f, worst %.2f at %s %d; quartiles of the rounds "
+        "within %.1f %%%s\n",
+        layout.contenders[peer].c_str(), geometricMean(column(rows, ratioOf)), ratio(slowest, peer),
+        layout.size.c_str(), slowest.sizes.front(), 100 * std::ranges::max(column(rows, spreadOf)),
+        rows.size() < all.size() ? ("; " + std::to_string(rows.size()) + " of them").c_str() : "");
 }
 
-void printExtra(const Layout& layout, const std::vector<Row>& rows, std::size_t i)
+void printExtra(const Layout& layout, const std::vector<Row>& all, std::size_t i)
 {
     const Extra& extra = layout.extra;
+    std::vector<Row> rows;
+    std::ranges::copy_if(all, std::back_inserter(rows),
+                         [=](const Row& row) { return i < row.extras.size(); });
+    if (rows.empty())
+        return;
     const auto valueOf = [=](const Row& row) { return row.extras[i]; };
     const Row& largest = *std::ranges::max_element(rows, {}, valueOf);
     std::printf("    %-11s  %s %s, largest %s at %s %d\n", extra.names[i].c_str(),
@@ -80,8 +109,11 @@ void printExtra(const Layout& layout, const std::vector<Row>& rows, std::size_t 
 }
 
 // "size ratio" for each size whose ratio is below the limit.
-void printBelow(const Layout& layout, const std::vector<Row>& rows, std::size_t peer, double limit)
+void printBelow(const Layout& layout, const std::vector<Row>& all, std::size_t peer, double limit)
 {
+    const std::vector<Row> rows = timedRows(all, peer);
+    if (rows.empty())
+        return;
     std::size_t count = 0;
     std::printf("below %g times as fast as %s:", limit, layout.contenders[peer].c_str());
     for (const Row& row : rows)
@@ -136,15 +168,18 @@ void printRow(const Layout& layout, const Row& row)
 void printSummary(const Layout& layout, const std::vector<Row>& rows,
                   const std::vector<double>& limits)
 {
-    const std::size_t timed = rows.front().timings.size();
     std::printf("\ntimes as fast as, over %zu %ss\n", rows.size(), layout.size.c_str());
-    for (std::size_t peer = layout.firstPeer; peer < timed; ++peer)
+    for (std::size_t peer = layout.firstPeer; peer < layout.contenders.size(); ++peer)
         printRatios(layout, rows, peer);
+    if (layout.firstPeer > 1)
+        std::printf("time over that of %s\n", layout.contenders.front().c_str());
+    for (std::size_t own = 1; own < layout.firstPeer; ++own)
+        printOwn(layout, rows, own);
     std::printf("%s\n", layout.extra.summary.c_str());
     for (std::size_t i = 0; i < layout.extra.names.size(); ++i)
         printExtra(layout, rows, i);
     for (const double limit : limits)
-        for (std::size_t peer = layout.firstPeer; peer < timed; ++peer)
+        for (std::size_t peer = layout.firstPeer; peer < layout.contenders.size(); ++peer)
             printBelow(layout, rows, peer, limit);
 }
 
