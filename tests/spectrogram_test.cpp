@@ -264,6 +264,46 @@ TEST_F(Spectrogram, NoiseDoesNotSpoilTheLevelOfAConstant)
     }
 }
 
+// Next to zero and to half the sample rate a tone nearly cancels its image in one of the two parts;
+// what is no lone tone must not get a huge level from the remainder.
+TEST_F(Spectrogram, LevelsNearTheEndsOfTheSpectrumStayPossible)
+{
+    const auto peaksOf = [&](const Signal& signal) {
+        write("ends.wav", {signal}, SF_FORMAT_PCM_16);
+        return peakRows(run("ends.wav").out);
+    };
+    const auto loudest = [](const std::vector<PeakRow>& rows) {
+        return rows.empty() ? NAN : std::ranges::max_element(rows, {}, &PeakRow::level)->level;
+    };
+
+    Signal step(8000);
+    std::fill(step.begin() + 4000, step.end(), 8000 / 32768.0);
+    EXPECT_LT(loudest(peaksOf(step)), 20 * std::log10(8000 / 32768.0) + 0.1);
+    EXPECT_GT(loudest(peaksOf(step)), 20 * std::log10(8000 / 32768.0) - 4);
+
+    Signal clicked = tone(8000, 5000.0 / rate, 0.1, 0);
+    std::fill(clicked.begin() + 4000, clicked.end(), 0);
+    clicked[6001] = 30000 / 32768.0;
+    clicked[6002] = -clicked[6001];
+    const std::vector<PeakRow> rows = peaksOf(clicked);
+    ASSERT_FALSE(rows.empty());
+    EXPECT_NEAR(rows[0].frequency, 5000, 75);
+    EXPECT_LT(loudest(rows), -20 + 0.1);
+    EXPECT_GT(loudest(rows), -20 - 4);
+
+    Signal impulse(4000);
+    impulse[2000] = 32767 / 32768.0;
+    EXPECT_LT(loudest(peaksOf(impulse)), 20 * std::log10(std::sqrt(2 / 4000.0)));
+
+    std::minstd_rand random;
+    for (const double hertz : {2.0, 5.0, 20.0, rate / 2 - 5.0}) {
+        Signal hum = tone(rate, hertz / rate, 800 / 32768.0, 0);
+        for (double& sample : hum)
+            sample += std::normal_distribution(0.0, 1e-3)(random);
+        EXPECT_NEAR(loudest(peaksOf(hum)), 20 * std::log10(800 / 32768.0), 0.5) << hertz;
+    }
+}
+
 TEST_F(Spectrogram, ListsSeveralPeaksStrongestFirstAndSilenceAsSuch)
 {
     Signal sum = tone(9000, 20.3 / 64, 0.4, 0);
@@ -426,6 +466,7 @@ TEST_F(Spectrogram, RefusesBadInputInOneLine)
     write("three.wav", {Signal(500), Signal(500), Signal(500)});
     write("empty.wav", {Signal()});
     write("short.wav", {Signal(63)});
+    write("single.wav", {Signal(1)});
     write("nan.wav", {Signal(500, NAN)});
     std::ofstream(path("text.wav")) << "This is no audio.\n";
     fs::create_directory(path("folder"));
@@ -438,7 +479,8 @@ TEST_F(Spectrogram, RefusesBadInputInOneLine)
         {"folder", "directory"},
         {"text.wav", "cannot be read as audio"},
         {"empty.wav", "no samples"},
-        {"short.wav", "fewer than one frame"},
+        {"short.wav", "63 samples are fewer than one frame"},
+        {"single.wav", "1 sample is fewer than one frame"},
         {"nan.wav", "not finite"},
         {"three.wav", "3 channels"},
         {"--iq good.wav", "two channels"},
@@ -477,6 +519,16 @@ TEST_F(Spectrogram, RefusesBadInputInOneLine)
         EXPECT_EQ(files(), filesBefore);
     }
     EXPECT_EQ(content("good.wav"), goodBefore);
+}
+
+TEST_F(Spectrogram, PrintsFileNamesInOneLine)
+{
+    write("two\nlines.wav", {tone(500, 0.1, 0.5, 0)});
+    const RunResult result = run("'two\nlines.wav' -o 'bell\a.png'");
+    EXPECT_EQ(result.status, 0) << result.err;
+    EXPECT_EQ(result.out.find("audio        two?lines.wav: "), 0u) << result.out;
+    EXPECT_NE(result.out.find("picture      bell?.png, "), std::string::npos) << result.out;
+    EXPECT_TRUE(fs::exists(path("bell\a.png")));
 }
 
 TEST_F(Spectrogram, KeepsTheOldPictureWhenTheNewOneFails)

@@ -135,8 +135,8 @@ Analysis emptyAnalysis(const examples::AudioFile& file, const Options& options, 
                                 "': --iq needs two channels, the file has one");
     if (file.samples() < options.length)
         throw examples::Failure("'" + options.input + "': " + std::to_string(file.samples()) +
-                                " samples are fewer than one frame of " +
-                                std::to_string(options.length));
+                                (file.samples() == 1 ? " sample is" : " samples are") +
+                                " fewer than one frame of " + std::to_string(options.length));
     Analysis analysis;
     analysis.shape = {options.length, options.iq};
     analysis.hop = options.hop;

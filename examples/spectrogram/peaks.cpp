@@ -12,6 +12,10 @@
 // sense of least squares, is exact for a lone tone and frames of three or more samples, even where
 // the tone meets its own image near zero and near half the sample rate. A lone complex tone's two
 // largest bins alone would do (Grandke 1983); the image is what asks for the fit.
+//
+// Where tone and image nearly cancel in one part, its pattern is weak and fits next to anything
+// with a huge amplitude. There the weights of the parts are held to those that the phases of all
+// frames allow a tone at f, and no tone is louder than the power about its maximum supports.
 #include "peaks.h"
 
 #include "frames.h"
@@ -19,6 +23,7 @@
 #include <algorithm>
 #include <cmath>
 #include <functional>
+#include <numbers>
 #include <utility>
 
 namespace spectrogram
@@ -27,6 +32,7 @@ namespace
 {
 
 constexpr double weakestPeak = 1e-6; // of the strongest one's power
+constexpr double weakPattern = 0.05; // of the plain tone's square, where it is 1/4 without image
 
 // Least squares of measured magnitudes against a pattern.
 struct Match {
@@ -43,10 +49,21 @@ struct Match {
     double explained() const { return visible() ? product * product / square : 0; }
 };
 
+// Both parts as one pattern, share being that of the even part in the tone's power.
+Match together(const Match& even, const Match& odd, double share)
+{
+    return {std::sqrt(share) * even.product + std::sqrt(1 - share) * odd.product,
+            share * even.square + (1 - share) * odd.square};
+}
+
 class ToneFit
 {
 public:
-    ToneFit(const Panel& panel, FrameShape shape) : panel_(panel), shape_(shape) {}
+    ToneFit(const Analysis& analysis, const Panel& panel)
+        : panel_(panel), shape_(analysis.shape), frames_(static_cast<double>(analysis.frames)),
+          advance_(static_cast<double>(analysis.hop) / analysis.shape.length)
+    {
+    }
 
     double power(int bin) const { return panel_.power[shape_.index(bin)]; }
 
@@ -54,12 +71,13 @@ public:
     std::pair<double, double> at(int bin, double f) const
     {
         Match whole, even, odd;
+        double measured = 0;
         for (int k = bin - 1; k <= bin + 1; ++k) {
             const double tone = hannResponse(shape_.length, k - f);
-            if (shape_.iq) {
-                whole.add(power(k), tone);
+            whole.add(power(k), tone);
+            measured += power(k);
+            if (shape_.iq)
                 continue;
-            }
             const double image = hannResponse(shape_.length, k + f);
             const double evenPower = panel_.evenPower[shape_.index(k)];
             even.add(evenPower, (tone + image) / 2);
@@ -67,7 +85,25 @@ public:
         }
         if (shape_.iq)
             return {whole.explained(), whole.amplitude()};
-        return {even.explained() + odd.explained(), std::hypot(even.amplitude(), odd.amplitude())};
+
+        // Without image the measured power is a quarter of the tone's; a factor of 2 is left for
+        // the phases the frames happen to see.
+        const double loudest = std::sqrt(2 * 4 * measured / whole.square);
+        double explained = even.explained() + odd.explained();
+        double amplitude = std::hypot(even.amplitude(), odd.amplitude());
+        const bool bothVisible = even.visible() && odd.visible();
+        const double weaker = std::min(even.square, odd.square);
+        if (bothVisible && amplitude > 0 && weaker < weakPattern * whole.square) {
+            const double share = std::pow(even.amplitude() / amplitude, 2);
+            const double spread = shareSpread(f);
+            const double possible = std::clamp(share, (1 - spread) / 2, (1 + spread) / 2);
+            if (possible != share) {
+                const Match both = together(even, odd, possible);
+                explained = both.explained();
+                amplitude = both.amplitude();
+            }
+        }
+        return {explained, std::min(amplitude, loudest)};
     }
 
     // The f within a bin of the maximum that explains most: a search on ever finer grids. Two bins
@@ -94,8 +130,21 @@ public:
     }
 
 private:
+    // The mean of cos(phase)^2 over the frames is within half of this about 1/2: 1 if they all see
+    // the same phase, next to 0 if they see many of them.
+    double shareSpread(double f) const
+    {
+        const double turn = 2 * std::numbers::pi * f * advance_;
+        const double denominator = frames_ * std::sin(turn);
+        if (std::abs(denominator) < 1e-9)
+            return 1;
+        return std::min(std::abs(std::sin(frames_ * turn) / denominator), 1.0);
+    }
+
     const Panel& panel_;
     FrameShape shape_;
+    double frames_;
+    double advance_; // from one frame to the next, in frames
 };
 
 } // namespace
@@ -104,7 +153,7 @@ std::vector<Peak> strongestPeaks(const Analysis& analysis, const Panel& panel, i
 {
     const int length = analysis.shape.length;
     const bool iq = analysis.shape.iq;
-    const ToneFit fit(panel, analysis.shape);
+    const ToneFit fit(analysis, panel);
     const int lowest = iq ? -(length / 2) : 0;
     const int highest = iq ? lowest + length - 1 : length / 2;
 

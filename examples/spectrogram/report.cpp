@@ -5,8 +5,10 @@
 #include "ticks.h"
 
 #include <algorithm>
+#include <cctype>
 #include <cmath>
 #include <cstdio>
+#include <string>
 
 namespace spectrogram
 {
@@ -14,6 +16,14 @@ namespace
 {
 
 constexpr int mostPeaks = 5;
+
+// File names may hold line feeds and the like; a fact stays one line.
+std::string printable(std::string name)
+{
+    std::ranges::replace_if(
+        name, [](unsigned char character) { return std::iscntrl(character) != 0; }, '?');
+    return name;
+}
 
 // Frequencies are printed to a hundredth of a bin or better.
 int frequencyDecimals(double binWidth)
@@ -44,9 +54,10 @@ void printReport(const Options& options, const Analysis& analysis, const Canvas&
 {
     const double seconds = static_cast<double>(analysis.samples) / analysis.sampleRate;
     const Unit unit = timeUnit(seconds);
-    std::printf("audio        %s: %d Hz, %lld samples, %.3f %s, %zu %s\n", options.input.c_str(),
-                analysis.sampleRate, static_cast<long long>(analysis.samples), seconds / unit.size,
-                unit.name, analysis.panels.size(),
+    std::printf("audio        %s: %d Hz, %lld samples, %.3f %s, %zu %s\n",
+                printable(options.input).c_str(), analysis.sampleRate,
+                static_cast<long long>(analysis.samples), seconds / unit.size, unit.name,
+                analysis.panels.size(),
                 analysis.shape.iq             ? "complex signal"
                 : analysis.panels.size() == 1 ? "channel"
                                               : "channels");
@@ -63,8 +74,8 @@ void printReport(const Options& options, const Analysis& analysis, const Canvas&
         analysis.forwardSeconds * 1e3);
     std::printf("round trip   relative rms error %.2e, forward and inverse\n",
                 analysis.roundTripError);
-    std::printf("picture      %s, %d x %d pixels\n", options.output.c_str(), picture.width(),
-                picture.height());
+    std::printf("picture      %s, %d x %d pixels\n", printable(options.output).c_str(),
+                picture.width(), picture.height());
 }
 
 } // namespace spectrogram
