@@ -22,19 +22,25 @@
  *
  * Conventions of every function below
  *
- *   Names       rvng<Transform>_<length>_<element> is a kernel, without the length a dispatcher;
- * the Walsh-Hadamard transform has its order in place of a length. Elements    32f, 64f: one
- * IEEE-754 binary32 or binary64 value; 32fc, 64fc: a pair of them, real part first. Arrays are
- * plain and contiguous. Statuses    In this order of precedence: a dispatcher returns
- * RvnStatusSizeError for a length out of range; a kernel returns RvnStatusNullPointer for a null
- * src, then for a null dst, then RvnStatusFlagError for a flag other than 1, 2, 4, 8; else
+ *   Names       rvng<Transform>_<length>_<element> is a kernel, without the length a dispatcher.
+ *               Walsh-Hadamard names have the order in place of the length.
+ *
+ *   Elements    32f, 64f: one IEEE-754 binary32 or binary64 value; 32fc, 64fc: a pair of them, real
+ *               part first. Arrays are plain and contiguous.
+ *
+ *   Statuses    In this order of precedence: a dispatcher returns RvnStatusSizeError for a length
+ *               out of range; a kernel returns RvnStatusNullPointer for a null src, then for a null
+ *               dst, then RvnStatusFlagError for a flag other than 1, 2, 4, 8; else
  *               RvnStatusNoError. A refused call has read and written nothing. Values are never
  *               tested: NaN and infinity run through the arithmetic.
+ *
  *   Aliasing    A kernel finishes all reads of src before its first write to dst: they may be equal
  *               or overlap in any way. No alignment is needed, not even that of an element.
+ *
  *   Threads     Kernels and dispatchers are pure functions of their arguments and of the calling
  *               thread's rounding mode and treatment of subnormals, which they do not change. Their
  *               arithmetic raises the status flags of IEEE-754 like any other.
+ *
  *   Stack       A kernel uses its stack frame and nothing else, at most 8 KiB in the optimised
  *               build. (Walsh-Hadamard orders 8 to 13 also use work memory; see there.)
  *

@@ -51,12 +51,14 @@ std::vector<float> readText(const std::string& path)
     for (std::string line; std::getline(file, line);) {
         std::ranges::replace_if(
             line, [](unsigned char c) { return c == ',' || std::isspace(c); }, ' ');
+        std::ranges::replace(line, '\0', '?'); // a message would end there
         for (std::size_t begin = 0;
              (begin = line.find_first_not_of(' ', begin)) != std::string::npos;) {
             const std::size_t end = std::min(line.find(' ', begin), line.size());
+            const std::size_t digits = line[begin] == '+' ? begin + 1 : begin;
             double value = 0;
             const auto [stop, error] =
-                std::from_chars(line.data() + begin, line.data() + end, value);
+                std::from_chars(line.data() + digits, line.data() + end, value);
             if (error != std::errc() || stop != line.data() + end ||
                 !(std::abs(value) <= largestTap))
                 refuse(path, "'" + line.substr(begin, std::min<std::size_t>(end - begin, 40)) +
