@@ -5,7 +5,6 @@
 #include "kernelgen/merge.h"
 
 #include <iomanip>
-#include <numeric>
 #include <sstream>
 
 namespace rvn::dft_complex
@@ -37,8 +36,7 @@ std::string methodName(const ComplexPlan& plan)
 // The inverse kernel reads and writes with real and imaginary parts crossed.
 std::vector<int> slots(int length, bool crossed)
 {
-    std::vector<int> slot(2 * length);
-    std::iota(slot.begin(), slot.end(), 0);
+    std::vector<int> slot = plainSlots(2 * length);
     if (crossed)
         for (int& index : slot)
             index ^= 1;
@@ -47,7 +45,7 @@ std::vector<int> slots(int length, bool crossed)
 
 std::string suffix(Format format)
 {
-    return format == Format::Binary64 ? "64fc" : "32fc";
+    return suffixOf(format) + "c";
 }
 
 Function function(int length, bool inverse, Format format)

@@ -6,7 +6,6 @@
 #include "dft_complex/plans.h"
 
 #include <algorithm>
-#include <numeric>
 #include <stdexcept>
 #include <string>
 
@@ -121,21 +120,9 @@ constexpr bool isGenerator(int g, int prime)
     return order == prime - 1;
 }
 
-constexpr bool isSplit(const kernelgen::Stage& stage)
-{
-    switch (stage.method) {
-    case GoodThomas:
-        return stage.first * stage.last == stage.length && std::gcd(stage.first, stage.last) == 1;
-    case CooleyTukey:
-        return stage.first * stage.last == stage.length;
-    default:
-        return true;
-    }
-}
-
 static_assert(std::ranges::all_of(plans, [](const ComplexPlan& row) {
     return row.length == lowestLength + (&row - plans) &&
-           isSplit({row.length, row.method, row.first, row.last});
+           kernelgen::isSplit({row.length, row.method, row.first, row.last});
 }));
 static_assert(std::size(plans) == highestLength - lowestLength + 1);
 static_assert(std::ranges::all_of(raderPlans, [](const RaderPlan& row) {
@@ -143,8 +130,9 @@ static_assert(std::ranges::all_of(raderPlans, [](const RaderPlan& row) {
     for (int g = 2; g < row.generator; ++g)
         leastGenerator = leastGenerator && !isGenerator(g, row.prime);
     return leastGenerator && row.first[0].length == row.prime - 1 &&
-           row.second[0].length == row.prime - 1 && std::ranges::all_of(row.first, isSplit) &&
-           std::ranges::all_of(row.second, isSplit);
+           row.second[0].length == row.prime - 1 &&
+           std::ranges::all_of(row.first, kernelgen::isSplit) &&
+           std::ranges::all_of(row.second, kernelgen::isSplit);
 }));
 
 } // namespace

@@ -4,7 +4,6 @@
 #include "dft_real/plans.h"
 
 #include <algorithm>
-#include <numeric>
 #include <stdexcept>
 #include <string>
 
@@ -201,18 +200,6 @@ constexpr RealRaderPlan otherInverseRader[] = {
     {13, 2, {Interleaved, 2, true}, {gt( 6, 2,  3)},         {gt(12,  3,  4)}},
 };
 // clang-format on
-
-constexpr bool isSplit(const Stage& stage)
-{
-    switch (stage.method) {
-    case GoodThomas:
-        return stage.first * stage.last == stage.length && std::gcd(stage.first, stage.last) == 1;
-    case CooleyTukey:
-        return stage.first * stage.last == stage.length;
-    default:
-        return true;
-    }
-}
 
 constexpr auto isRow = [](const auto& row) { return isSplit(row.stage); };
 static_assert(std::ranges::all_of(forward, isRow) && std::ranges::all_of(inverse, isRow));

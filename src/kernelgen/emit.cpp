@@ -5,6 +5,7 @@
 #include <array>
 #include <cmath>
 #include <cstdio>
+#include <numeric>
 #include <sstream>
 #include <stdexcept>
 
@@ -148,9 +149,26 @@ ScaleFactors selfInverseScale(int length)
     return {none, bySqrtN, byN, byN};
 }
 
+std::string suffixOf(Format format)
+{
+    return format == Format::Binary64 ? "64f" : "32f";
+}
+
+std::string elementTypeOf(Format format)
+{
+    return typeName(format);
+}
+
 std::string scalarType(Format format)
 {
-    return format == Format::Binary64 ? "rvn::Scalar64f" : "rvn::Scalar32f";
+    return "rvn::Scalar" + suffixOf(format);
+}
+
+std::vector<int> plainSlots(int count)
+{
+    std::vector<int> slots(count);
+    std::iota(slots.begin(), slots.end(), 0);
+    return slots;
 }
 
 std::string emitHead(const Function& function)

@@ -35,8 +35,14 @@ struct Function {
     WorkMemory workMemory = WorkMemory::None;
 };
 
-// The scalar type through which a kernel reads and writes arrays.
+// Names by format: the suffix of kernels of real data and its element type, and the scalar type
+// through which a kernel reads and writes arrays.
+std::string suffixOf(Format format);
+std::string elementTypeOf(Format format);
 std::string scalarType(Format format);
+
+// The slots 0 to count - 1, of a plain array of scalars.
+std::vector<int> plainSlots(int count);
 
 // The function's head: argument checks, then the choice of S.
 std::string emitHead(const Function& function);

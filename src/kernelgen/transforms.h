@@ -7,6 +7,8 @@
 
 #include "kernelgen/builder.h"
 
+#include <numeric>
+
 namespace rvn::kernelgen
 {
 
@@ -59,6 +61,20 @@ struct Stage {
     int last = 0;
     bool otherForm = false;
 };
+
+// Whether the factors of a stage are those of its length, and coprime where they must be.
+constexpr bool isSplit(const Stage& stage)
+{
+    const bool isProduct = stage.first * stage.last == stage.length;
+    switch (stage.method) {
+    case Method::GoodThomas:
+        return isProduct && std::gcd(stage.first, stage.last) == 1;
+    case Method::CooleyTukey:
+        return isProduct;
+    default:
+        return true;
+    }
+}
 
 // What a real transform hands down to its stages: the stages that do not run as the table of their
 // own length says, and, inside Rader's method, that Good-Thomas splits of the forward transform map

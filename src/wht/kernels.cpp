@@ -16,20 +16,10 @@ using namespace kernelgen;
 namespace
 {
 
-std::string suffix(Format format)
-{
-    return format == Format::Binary64 ? "64f" : "32f";
-}
-
-std::string elementType(Format format)
-{
-    return format == Format::Binary64 ? "double" : "float";
-}
-
 Function function(int order, Format format)
 {
-    return {.name = "rvngWHT_" + std::to_string(order) + "_" + suffix(format),
-            .elementType = elementType(format),
+    return {.name = "rvngWHT_" + std::to_string(order) + "_" + suffixOf(format),
+            .elementType = elementTypeOf(format),
             .format = format,
             .scale = selfInverseScale(1 << order),
             .workMemory =
@@ -170,7 +160,7 @@ GeneratedFile kernelFile(int order, Format format)
         text += "#include \"rvngenmx.h\"\n\n" +
                 emitKernel(function(order, format), body, graph, constructionOrder(graph));
     }
-    return {"wht_" + std::to_string(order) + "_" + suffix(format) + ".cpp", text};
+    return {"wht_" + std::to_string(order) + "_" + suffixOf(format) + ".cpp", text};
 }
 
 std::string report()
