@@ -4,6 +4,8 @@
 //
 // The program runs on recordings made here; what it writes is held against sums of products in
 // long double. CONVOLVE_PROGRAM is the program's path.
+#include "program_test.h"
+
 #include <gtest/gtest.h>
 #include <sndfile.h>
 
@@ -17,12 +19,12 @@
 #include <regex>
 #include <sstream>
 #include <sys/stat.h>
-#include <sys/wait.h>
 
 namespace
 {
 
 namespace fs = std::filesystem;
+using rvn::tests::RunResult;
 
 using Signal = std::vector<float>;
 
@@ -95,43 +97,10 @@ struct Recording {
     std::vector<Signal> channels;
 };
 
-struct RunResult {
-    int status;
-    std::string out, err;
-
-    // What a pattern's group finds in the output.
-    std::string found(const std::string& pattern) const
-    {
-        std::smatch match;
-        if (std::regex_search(out, match, std::regex(pattern)))
-            return match[1];
-        ADD_FAILURE() << pattern << " not found in\n" << out << err;
-        return "nan";
-    }
-};
-
-class Convolve : public testing::Test
+class Convolve : public rvn::tests::ProgramTest
 {
 protected:
-    Convolve()
-    {
-        std::string name = (fs::temp_directory_path() / "convolve_test.XXXXXX").string();
-        directory_ = mkdtemp(name.data());
-    }
-    ~Convolve() override { fs::remove_all(directory_); }
-
-    std::string path(const std::string& name) const { return (directory_ / name).string(); }
-
-    std::string content(const std::string& name) const
-    {
-        std::ostringstream text;
-        text << std::ifstream(path(name), std::ios::binary).rdbuf();
-        return text.str();
-    }
-    void put(const std::string& name, const std::string& text) const
-    {
-        std::ofstream(path(name), std::ios::binary) << text;
-    }
+    Convolve() : ProgramTest(CONVOLVE_PROGRAM) {}
 
     void write(const std::string& name, const std::vector<Signal>& channels,
                int sampleRate = rate) const
@@ -169,17 +138,6 @@ protected:
         return recording;
     }
 
-    // Runs the program in the test's directory; the shell commands before go first.
-    RunResult run(const std::string& arguments, const std::string& before = "") const
-    {
-        const std::string command = "cd '" + directory_.string() + "'; " + before +
-                                    " '" CONVOLVE_PROGRAM "' " + arguments +
-                                    " >stdout.txt 2>stderr.txt";
-        const int status = std::system(command.c_str());
-        return {WIFEXITED(status) ? WEXITSTATUS(status) : -1, content("stdout.txt"),
-                content("stderr.txt")};
-    }
-
     // The channels that the program makes of these.
     std::vector<Signal> filter(const std::vector<Signal>& channels, const std::string& arguments)
     {
@@ -194,7 +152,6 @@ protected:
         return recording.channels;
     }
 
-    fs::path directory_;
     RunResult result_;
 };
 

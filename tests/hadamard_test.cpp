@@ -4,6 +4,8 @@
 //
 // The program runs on pictures made here, and its pictures are read back with libpng's high-level
 // interface, which it does not use itself. HADAMARD_PROGRAM is the program's path.
+#include "program_test.h"
+
 #include <gtest/gtest.h>
 #include <png.h>
 
@@ -17,13 +19,13 @@
 #include <random>
 #include <regex>
 #include <sstream>
-#include <sys/wait.h>
 #include <zlib.h>
 
 namespace
 {
 
 namespace fs = std::filesystem;
+using rvn::tests::RunResult;
 
 struct Kind {
     int colorType, depth;
@@ -132,48 +134,17 @@ double droppedPower(const Image& image, int length, std::size_t kept)
     return power / static_cast<double>(squares.size());
 }
 
-struct RunResult {
-    int status;
-    std::string out, err;
+double psnr(const RunResult& result)
+{
+    return std::stod(result.out.find("rebuilt exactly") != std::string::npos
+                         ? "inf"
+                         : result.found("PSNR +([0-9.]+) dB"));
+}
 
-    // What a pattern's group finds in the output.
-    std::string found(const std::string& pattern) const
-    {
-        std::smatch match;
-        if (std::regex_search(out, match, std::regex(pattern)))
-            return match[1];
-        ADD_FAILURE() << pattern << " not found in\n" << out << err;
-        return "nan";
-    }
-    double psnr() const
-    {
-        return std::stod(
-            out.find("rebuilt exactly") != std::string::npos ? "inf" : found("PSNR +([0-9.]+) dB"));
-    }
-};
-
-class Hadamard : public testing::Test
+class Hadamard : public rvn::tests::ProgramTest
 {
 protected:
-    Hadamard()
-    {
-        std::string name = (fs::temp_directory_path() / "hadamard_test.XXXXXX").string();
-        directory_ = mkdtemp(name.data());
-    }
-    ~Hadamard() override { fs::remove_all(directory_); }
-
-    std::string path(const std::string& name) const { return (directory_ / name).string(); }
-
-    std::string content(const std::string& name) const
-    {
-        std::ostringstream text;
-        text << std::ifstream(path(name), std::ios::binary).rdbuf();
-        return text.str();
-    }
-    void put(const std::string& name, const std::string& text) const
-    {
-        std::ofstream(path(name), std::ios::binary) << text;
-    }
+    Hadamard() : ProgramTest(HADAMARD_PROGRAM) {}
 
     void write(const std::string& name, const Image& image, int interlace = 0) const
     {
@@ -225,17 +196,6 @@ protected:
         return image;
     }
 
-    // Runs the program in the test's directory; the shell commands before go first.
-    RunResult run(const std::string& arguments, const std::string& before = "") const
-    {
-        const std::string command = "cd '" + directory_.string() + "'; " + before +
-                                    " '" HADAMARD_PROGRAM "' " + arguments +
-                                    " >stdout.txt 2>stderr.txt";
-        const int status = std::system(command.c_str());
-        return {WIFEXITED(status) ? WEXITSTATUS(status) : -1, content("stdout.txt"),
-                content("stderr.txt")};
-    }
-
     // Runs it on a picture; the result is then in out.png.
     RunResult rebuild(const Image& image, int order, double share) const
     {
@@ -247,8 +207,6 @@ protected:
         EXPECT_EQ(result.status, 0) << arguments.str() << '\n' << result.err;
         return result;
     }
-
-    fs::path directory_;
 };
 
 TEST_F(Hadamard, AllCoefficientsRebuildThePictureExactly)
@@ -269,7 +227,7 @@ TEST_F(Hadamard, AllCoefficientsRebuildThePictureExactly)
         ASSERT_EQ(result.status, 0) << result.err;
         const std::string what = result.found("(picture.*)") + ", order " + std::to_string(c.order);
         EXPECT_TRUE(read("out.png") == read("in.png")) << what;
-        EXPECT_EQ(result.psnr(), INFINITY) << what;
+        EXPECT_EQ(psnr(result), INFINITY) << what;
         EXPECT_EQ(result.found("largest error +([0-9]+) of"), "0") << what;
     }
 }
@@ -282,10 +240,10 @@ TEST_F(Hadamard, OneCoefficientCarriesAWalshPattern)
             const double share = 1.0 / (image.channels() << (2 * order));
             EXPECT_EQ(rebuild(image, order, share).found("kept +([0-9]+) of"), "6");
             EXPECT_TRUE(read("out.png") == image) << "order " << order;
-            EXPECT_LT(rebuild(image, order, share / 2).psnr(), 15) << "order " << order;
+            EXPECT_LT(psnr(rebuild(image, order, share / 2)), 15) << "order " << order;
         }
     const Image one = patterns(8, 1, 1, grey8);
-    EXPECT_EQ(rebuild(one, 3, 1e-9).psnr(), INFINITY);
+    EXPECT_EQ(psnr(rebuild(one, 3, 1e-9)), INFINITY);
 }
 
 // Blocks beyond the edges repeat the last column and row: what is flat in the picture stays flat.
@@ -298,7 +256,7 @@ TEST_F(Hadamard, FlatBlocksOfAnyPictureNeedOneCoefficientAPlane)
                 for (int i = 0; i < image.channels(); ++i)
                     image.bytes.push_back(
                         static_cast<std::uint8_t>(x / 8 * 70 + y / 8 * 51 + i * 20));
-        EXPECT_EQ(rebuild(image, 3, 1.0 / 64).psnr(), INFINITY);
+        EXPECT_EQ(psnr(rebuild(image, 3, 1.0 / 64)), INFINITY);
         EXPECT_TRUE(read("out.png") == image);
     }
 }
@@ -331,7 +289,7 @@ TEST_F(Hadamard, PrintsWhatTheTwoPicturesTell)
         }
         const int peak = c.depth == 8 ? 255 : 65535;
         const double rms = std::sqrt(squares / static_cast<double>(before.size()));
-        EXPECT_NEAR(result.psnr(), 20 * std::log10(peak / rms), 0.01) << result.out;
+        EXPECT_NEAR(psnr(result), 20 * std::log10(peak / rms), 0.01) << result.out;
         EXPECT_EQ(result.found("largest error +(.*)"),
                   std::to_string(largest) + " of " + std::to_string(peak));
 
@@ -352,12 +310,12 @@ TEST_F(Hadamard, KeepsTheLargestCoefficients)
     const Image image = smooth(64, 48, grey8);
     double last = INFINITY;
     for (const double share : {0.5, 0.2, 0.05, 0.01, 0.002}) {
-        const double psnr = rebuild(image, 3, share).psnr();
+        const double decibels = psnr(rebuild(image, 3, share));
         const auto kept = static_cast<std::size_t>(std::lround(share * 64 * 48));
         const double power = droppedPower(image, 8, kept) + 1.0 / 12; // rounded to whole numbers
-        EXPECT_NEAR(psnr, 10 * std::log10(255 * 255 / power), 0.15) << share;
-        EXPECT_LT(psnr, last) << share;
-        last = psnr;
+        EXPECT_NEAR(decibels, 10 * std::log10(255 * 255 / power), 0.15) << share;
+        EXPECT_LT(decibels, last) << share;
+        last = decibels;
     }
 }
 

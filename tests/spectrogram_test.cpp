@@ -10,6 +10,8 @@
 #include "picture.h"
 #include "ticks.h"
 
+#include "program_test.h"
+
 #include <gtest/gtest.h>
 #include <png.h>
 #include <sndfile.h>
@@ -26,13 +28,13 @@
 #include <set>
 #include <sstream>
 #include <sys/stat.h>
-#include <sys/wait.h>
 
 namespace
 {
 
 using namespace spectrogram;
 namespace fs = std::filesystem;
+using rvn::tests::RunResult;
 
 using Signal = std::vector<double>;
 
@@ -52,11 +54,6 @@ std::vector<Signal> complexTone(int samples, double turns, double amplitude)
     return {tone(samples, turns, amplitude, 0),
             tone(samples, turns, amplitude, -std::numbers::pi / 2)};
 }
-
-struct RunResult {
-    int status;
-    std::string out, err;
-};
 
 struct PeakRow {
     std::string signal;
@@ -82,24 +79,10 @@ struct Image {
     }
 };
 
-class Spectrogram : public testing::Test
+class Spectrogram : public rvn::tests::ProgramTest
 {
 protected:
-    Spectrogram()
-    {
-        std::string name = (fs::temp_directory_path() / "spectrogram_test.XXXXXX").string();
-        directory_ = mkdtemp(name.data());
-    }
-    ~Spectrogram() override { fs::remove_all(directory_); }
-
-    std::string path(const std::string& name) const { return (directory_ / name).string(); }
-
-    std::string content(const std::string& name) const
-    {
-        std::ostringstream text;
-        text << std::ifstream(path(name), std::ios::binary).rdbuf();
-        return text.str();
-    }
+    Spectrogram() : ProgramTest(SPECTROGRAM_PROGRAM) {}
 
     void write(const std::string& name, const std::vector<Signal>& channels,
                int format = SF_FORMAT_FLOAT) const
@@ -117,17 +100,6 @@ protected:
         const auto count = static_cast<sf_count_t>(channels[0].size());
         EXPECT_EQ(sf_writef_double(file, interleaved.data(), count), count);
         sf_close(file);
-    }
-
-    // Runs the program in the test's directory; the shell commands before go first.
-    RunResult run(const std::string& arguments, const std::string& before = "") const
-    {
-        const std::string command = "cd '" + directory_.string() + "'; " + before +
-                                    " '" SPECTROGRAM_PROGRAM "' " + arguments +
-                                    " >stdout.txt 2>stderr.txt";
-        const int status = std::system(command.c_str());
-        return {WIFEXITED(status) ? WEXITSTATUS(status) : -1, content("stdout.txt"),
-                content("stderr.txt")};
     }
 
     // Reads a picture back, and expects the size that was announced.
@@ -161,8 +133,6 @@ protected:
         examples::AudioFile file(options.input);
         return analyse(file, options, plotWidth);
     }
-
-    fs::path directory_;
 };
 
 std::vector<PeakRow> peakRows(const std::string& out)
