@@ -4,6 +4,7 @@
 
 #include "guarded_memory.h"
 #include "kernels.h"
+#include "refusals.h"
 
 #include <algorithm>
 #include <cfenv>
@@ -26,22 +27,8 @@ TYPED_TEST_SUITE(Contract, Elements);
 
 TYPED_TEST(Contract, RefusalsComeInOrderAndTouchNothing)
 {
-    const GuardedMemory page(1);
-    auto* const some = page.untouchable<TypeParam>();
-    TypeParam* const none = nullptr;
-    for (const auto& kernel : everyKernel<TypeParam>()) {
-        for (const RvnScaleFlag flag :
-             {0, 3, 5, 6, 7, 9, 10, 12, 15, 16, 32, 257, 1 << 30, -1, -2, -8, INT_MIN, INT_MAX}) {
-            ASSERT_EQ(kernel.run(some, some, flag), RvnStatusFlagError) << kernel.name << flag;
-            ASSERT_EQ(kernel.run(none, some, flag), RvnStatusNullPointer) << kernel.name << flag;
-            ASSERT_EQ(kernel.run(some, none, flag), RvnStatusNullPointer) << kernel.name << flag;
-        }
-        for (const RvnScaleFlag flag : everyFlag) {
-            ASSERT_EQ(kernel.run(none, some, flag), RvnStatusNullPointer) << kernel.name << flag;
-            ASSERT_EQ(kernel.run(some, none, flag), RvnStatusNullPointer) << kernel.name << flag;
-            ASSERT_EQ(kernel.run(none, none, flag), RvnStatusNullPointer) << kernel.name << flag;
-        }
-    }
+    for (const auto& kernel : everyKernel<TypeParam>())
+        expectRefusals<TypeParam>(kernel);
 }
 
 // The factor itself: what a unit impulse becomes in every output.

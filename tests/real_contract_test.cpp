@@ -4,6 +4,7 @@
 
 #include "guarded_memory.h"
 #include "real_kernels.h"
+#include "refusals.h"
 
 #include <algorithm>
 #include <cfenv>
@@ -39,22 +40,8 @@ TYPED_TEST_SUITE(RealContract, Reals);
 
 TYPED_TEST(RealContract, RefusalsComeInOrderAndTouchNothing)
 {
-    const GuardedMemory page(1);
-    auto* const some = page.untouchable<TypeParam>();
-    TypeParam* const none = nullptr;
-    for (const auto& kernel : everyRealKernel<TypeParam>()) {
-        for (const RvnScaleFlag flag :
-             {0, 3, 5, 6, 7, 9, 10, 12, 15, 16, 32, 257, 1 << 30, -1, -2, -8, INT_MIN, INT_MAX}) {
-            ASSERT_EQ(kernel.run(some, some, flag), RvnStatusFlagError) << kernel.name << flag;
-            ASSERT_EQ(kernel.run(none, some, flag), RvnStatusNullPointer) << kernel.name << flag;
-            ASSERT_EQ(kernel.run(some, none, flag), RvnStatusNullPointer) << kernel.name << flag;
-        }
-        for (const RvnScaleFlag flag : everyFlag) {
-            ASSERT_EQ(kernel.run(none, some, flag), RvnStatusNullPointer) << kernel.name << flag;
-            ASSERT_EQ(kernel.run(some, none, flag), RvnStatusNullPointer) << kernel.name << flag;
-            ASSERT_EQ(kernel.run(none, none, flag), RvnStatusNullPointer) << kernel.name << flag;
-        }
-    }
+    for (const auto& kernel : everyRealKernel<TypeParam>())
+        expectRefusals<TypeParam>(kernel);
 }
 
 // A unit in the first part comes out as S in every real part, and as 0 in every imaginary one.
