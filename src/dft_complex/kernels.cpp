@@ -85,7 +85,7 @@ GeneratedFile kernelFile(const ComplexPlan& plan, Format format)
                        "#include \"frame/scalar.h\"\n#include \"rvngenmx.h\"\n";
     for (const bool inverse : {false, true}) {
         const std::vector<int> slot = slots(plan.length, inverse);
-        const Body body{.format = format, .sourceSlot = slot, .destinationSlot = slot};
+        const Body body = kernelBody(graph, format, slot, slot);
         text += "\n" + emitKernel(function(plan.length, inverse, format), body, graph, schedule);
     }
     return {"dft_complex_" + std::to_string(plan.length) + "_" + suffix(format) + ".cpp", text};

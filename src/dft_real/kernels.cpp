@@ -99,10 +99,8 @@ GeneratedFile forwardFile(const ForwardPlan& plan, Format format)
                                 .elementType = elementTypeOf(format),
                                 .format = format,
                                 .scale = forwardScale(N)};
-        const Body body{.format = format,
-                        .sourceSlot = plainSlots(N),
-                        .destinationSlot = packed.valueSlot,
-                        .zeroSlot = packed.zeroSlot};
+        const Body body =
+            kernelBody(graph, format, plainSlots(N), packed.valueSlot, packed.zeroSlot);
         text += "\n" + emitKernel(function, body, graph, constructionOrder(graph));
     }
     return {"dft_real_fwd_" + std::to_string(N) + "_" + suffixOf(format) + ".cpp", text};
@@ -119,9 +117,8 @@ GeneratedFile inverseFile(const InversePlan& plan, Format format)
                                 .elementType = elementTypeOf(format),
                                 .format = format,
                                 .scale = inverseScale(N)};
-        const Body body{.format = format,
-                        .sourceSlot = packedLayout(layout, N).valueSlot,
-                        .destinationSlot = plainSlots(N)};
+        const Body body =
+            kernelBody(graph, format, packedLayout(layout, N).valueSlot, plainSlots(N));
         text += "\n" + emitKernel(function, body, graph, constructionOrder(graph));
     }
     return {"dft_real_inv_" + std::to_string(N) + "_" + suffixOf(format) + ".cpp", text};

@@ -56,6 +56,15 @@ Value operator*(double constant, Value x)
     return product;
 }
 
+Value operator*(Value x, Value y)
+{
+    requirePresent(x);
+    requirePresent(y);
+    Value product = x.builder->sharedNode({.op = Op::Product, .operand = {x.node, y.node}});
+    product.negative = x.negative != y.negative;
+    return product;
+}
+
 Factors factors(Value x)
 {
     const Node& node = x.builder->nodes_[x.node];
@@ -90,7 +99,7 @@ Graph GraphBuilder::finish(ValuesView outputs) const
 Value GraphBuilder::sharedNode(const Node& node)
 {
     auto [left, right] = node.operand;
-    if (node.op == Op::Add && left > right)
+    if ((node.op == Op::Add || node.op == Op::Product) && left > right)
         std::swap(left, right); // a + b and b + a are one node
     const Key key{node.op, left, right, node.input, node.constant};
     const auto [place, isNew] = known_.try_emplace(key, static_cast<int>(nodes_.size()));

@@ -28,6 +28,7 @@ Value operator-(Value x);
 Value operator+(Value x, Value y);
 Value operator-(Value x, Value y);
 Value operator*(double constant, Value x); // 1 and -1 make no node; 0 is refused
+Value operator*(Value x, Value y);
 
 // A product's operand, with its sign, and its constant; of any other value, itself and 1.
 struct Factors {
@@ -52,6 +53,7 @@ public:
 private:
     friend Value operator+(Value x, Value y);
     friend Value operator*(double constant, Value x);
+    friend Value operator*(Value x, Value y);
     friend Factors factors(Value x);
 
     Value sharedNode(const Node& node);

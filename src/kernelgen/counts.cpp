@@ -29,7 +29,7 @@ Counts countOperations(const Graph& graph)
     Counts counts;
     for (const Node& node : graph.nodes) {
         counts.additions += node.op == Op::Add || node.op == Op::Subtract;
-        counts.multiplications += node.op == Op::Multiply;
+        counts.multiplications += node.op == Op::Multiply || node.op == Op::Product;
     }
     return counts;
 }

@@ -38,20 +38,17 @@ const char* typeName(Format format)
 class Text
 {
 public:
-    Text(const Body& body, const Graph& graph)
-        : body_(body), graph_(graph), formats_(assignFormats(graph, body.format))
-    {
-    }
+    Text(const Body& body, const Graph& graph) : body_(body), graph_(graph) {}
 
     std::string load(int node) const
     {
-        return indent() + "const " + typeName(body_.format) + " " + name(node) + " = in[" +
-               std::to_string(body_.sourceSlot[graph_.nodes[node].input]) + "];\n";
+        return indent() + "const " + typeName(body_.format) + " " + name(node) + " = " +
+               body_.sources[graph_.nodes[node].input] + ";\n";
     }
 
     std::string compute(int node) const
     {
-        const auto [computed, held] = formats_[node];
+        const auto [computed, held] = body_.formats[node];
         std::string value = operation(node);
         if (computed != held)
             value = "static_cast<float>(" + value + ")";
@@ -62,7 +59,7 @@ public:
     std::string store(int output) const
     {
         const auto [node, negated] = graph_.outputs[output];
-        const bool isWide = formats_[node].held != body_.format;
+        const bool isWide = body_.formats[node].held != body_.format;
         std::string value = name(node);
         if (body_.isScaled)
             value = (isWide ? "static_cast<double>(S) * " : "S * ") + value;
@@ -70,53 +67,55 @@ public:
             value = (isWide || body_.format == Format::Binary64 ? "0.0 - " : "0.0f - ") + value;
         if (isWide)
             value = "static_cast<float>(" + value + ")";
-        return storeTo(body_.destinationSlot[output], value);
+        return storeTo(body_.destinations[output], value);
     }
 
-    std::string storeZero(int slot) const
+    std::string storeZero(const std::string& place) const
     {
-        return storeTo(slot, body_.format == Format::Binary64 ? "0.0" : "0.0f");
+        return storeTo(place, body_.format == Format::Binary64 ? "0.0" : "0.0f");
     }
 
 private:
-    std::string storeTo(int slot, const std::string& value) const
+    std::string storeTo(const std::string& place, const std::string& value) const
     {
-        return indent() + "out[" + std::to_string(slot) + "] = " + value + ";\n";
+        return indent() + place + " = " + value + ";\n";
     }
 
     std::string name(int node) const
     {
-        const bool isWide = formats_[node].held != body_.format;
+        const bool isWide = body_.formats[node].held != body_.format;
         const char* prefix = graph_.nodes[node].op == Op::Load ? "x" : isWide ? "w" : "v";
         return std::string(prefix) + std::to_string(node);
     }
 
     std::string operand(int node, Format computed) const
     {
-        return formats_[node].held == computed ? name(node)
-                                               : "static_cast<double>(" + name(node) + ")";
+        return body_.formats[node].held == computed ? name(node)
+                                                    : "static_cast<double>(" + name(node) + ")";
     }
 
     std::string operation(int index) const
     {
         const Node& node = graph_.nodes[index];
-        const Format computed = formats_[index].computed;
+        const Format computed = body_.formats[index].computed;
         const std::string left = operand(node.operand[0], computed);
         if (node.op == Op::Multiply)
             return literalOf(node.constant, computed) + " * " + left;
-        return left + (node.op == Op::Add ? " + " : " - ") + operand(node.operand[1], computed);
+        const char* const sign = node.op == Op::Product ? " * "
+                                 : node.op == Op::Add   ? " + "
+                                                        : " - ";
+        return left + sign + operand(node.operand[1], computed);
     }
 
     std::string indent() const { return std::string(body_.indent, ' '); }
 
     const Body& body_;
     const Graph& graph_;
-    std::vector<NodeFormat> formats_;
 };
 
-std::string statistics(const Graph& graph, const Schedule& schedule, Format format)
+std::string statistics(const Graph& graph, const Schedule& schedule, const Body& body)
 {
-    const Conversions conversions = countConversions(graph, assignFormats(graph, format));
+    const Conversions conversions = countConversions(graph, body.formats);
     const Counts counts = countOperations(graph);
     std::ostringstream text;
     text << "// " << counts.additions << " additions, " << counts.multiplications
@@ -199,6 +198,24 @@ std::string emitHead(const Function& function)
     return text.str();
 }
 
+Places placesIn(const std::string& array, const std::vector<int>& slots)
+{
+    Places places;
+    for (const int slot : slots)
+        places.push_back(array + "[" + std::to_string(slot) + "]");
+    return places;
+}
+
+Body kernelBody(const Graph& graph, Format format, const std::vector<int>& sourceSlots,
+                const std::vector<int>& destinationSlots, const std::vector<int>& zeroSlots)
+{
+    return {.format = format,
+            .formats = assignFormats(graph, format),
+            .sources = placesIn("in", sourceSlots),
+            .destinations = placesIn("out", destinationSlots),
+            .zeros = placesIn("out", zeroSlots)};
+}
+
 std::string emitBody(const Body& body, const Graph& graph, const Schedule& schedule)
 {
     const Text text(body, graph);
@@ -216,8 +233,8 @@ std::string emitBody(const Body& body, const Graph& graph, const Schedule& sched
             break;
         }
     }
-    for (const int slot : body.zeroSlot)
-        source += text.storeZero(slot);
+    for (const std::string& place : body.zeros)
+        source += text.storeZero(place);
     return source;
 }
 
@@ -225,9 +242,9 @@ std::string emitKernel(const Function& function, const Body& body, const Graph& 
                        const Schedule& schedule)
 {
     const std::string scalar = scalarType(function.format);
-    return statistics(graph, schedule, function.format) + emitHead(function) + "    const " +
-           scalar + "* const in = reinterpret_cast<const " + scalar + "*>(src);\n" + "    " +
-           scalar + "* const out = reinterpret_cast<" + scalar + "*>(dst);\n\n" +
+    return statistics(graph, schedule, body) + emitHead(function) + "    const " + scalar +
+           "* const in = reinterpret_cast<const " + scalar + "*>(src);\n" + "    " + scalar +
+           "* const out = reinterpret_cast<" + scalar + "*>(dst);\n\n" +
            emitBody(body, graph, schedule) + "    return RvnStatusNoError;\n}\n";
 }
 

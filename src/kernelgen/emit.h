@@ -47,16 +47,27 @@ std::vector<int> plainSlots(int count);
 // The function's head: argument checks, then the choice of S.
 std::string emitHead(const Function& function);
 
-// Where the inputs of a graph lie behind the pointer `in` and its outputs behind `out`, whether the
-// outputs are multiplied by S, and which slots are +0.0 without arithmetic.
+// C++ expressions of places in memory, such as "in[3]".
+using Places = std::vector<std::string>;
+
+Places placesIn(const std::string& array, const std::vector<int>& slots);
+
+// Where the inputs of a graph are read and its outputs are written, in which formats it computes,
+// whether the outputs are multiplied by S, and which places are +0.0 without arithmetic.
 struct Body {
     Format format;
-    std::vector<int> sourceSlot;
-    std::vector<int> destinationSlot;
-    std::vector<int> zeroSlot = {};
+    std::vector<NodeFormat> formats;
+    Places sources;
+    Places destinations;
+    Places zeros = {};
     bool isScaled = true;
     int indent = 4;
 };
+
+// The body of a kernel that reads its inputs from these slots behind `in`, and writes its outputs
+// to those behind `out`.
+Body kernelBody(const Graph& graph, Format format, const std::vector<int>& sourceSlots,
+                const std::vector<int>& destinationSlots, const std::vector<int>& zeroSlots = {});
 
 // Loads, arithmetic and stores, one operation a line.
 std::string emitBody(const Body& body, const Graph& graph, const Schedule& schedule);

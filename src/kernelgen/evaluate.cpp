@@ -17,6 +17,8 @@ template <typename T> T apply(const Node& node, double left, double right)
         return a - b;
     case Op::Multiply:
         return static_cast<T>(node.constant) * a;
+    case Op::Product:
+        return a * b;
     case Op::Load:
         break;
     }

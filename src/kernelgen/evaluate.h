@@ -26,6 +26,9 @@ template <typename T> std::vector<T> evaluate(const Graph& graph, std::span<cons
         case Op::Multiply:
             value.push_back(static_cast<T>(node.constant) * value[left]);
             break;
+        case Op::Product:
+            value.push_back(value[left] * value[right]);
+            break;
         }
     }
     std::vector<T> outputs;

@@ -1,5 +1,6 @@
-// The expression graph of one transform: loads, additions, subtractions and products by positive
-// constants, in an order in which every node stands behind its operands.
+// The expression graph of one transform: loads, additions, subtractions, products by positive
+// constants and products of two values (a factor read from a table), in an order in which every
+// node stands behind its operands.
 //
 // A graph is plain data. Builders make it through GraphBuilder; passes take it and return a value.
 #pragma once
@@ -13,11 +14,11 @@
 namespace rvn::kernelgen
 {
 
-enum class Op : std::uint8_t { Load, Add, Subtract, Multiply };
+enum class Op : std::uint8_t { Load, Add, Subtract, Multiply, Product };
 
 struct Node {
     Op op = Op::Load;
-    std::array<int, 2> operand = {}; // the nodes it works on: two of a sum, one of a product
+    std::array<int, 2> operand = {}; // the nodes it works on: two, one of a Multiply
     int input = -1;                  // Load: the index of the input scalar
     double constant = 0;             // Multiply: the other factor, above zero
 };
@@ -35,7 +36,7 @@ struct Graph {
 
 inline std::span<const int> operands(const Node& node)
 {
-    static constexpr std::array<std::size_t, 4> operandCount = {0, 2, 2, 1}; // by Op
+    static constexpr std::array<std::size_t, 5> operandCount = {0, 2, 2, 1, 2}; // by Op
     return {node.operand.data(), operandCount[static_cast<std::size_t>(node.op)]};
 }
 

@@ -10,7 +10,7 @@ using enum Format;
 std::vector<NodeFormat> assignFormats(const Graph& graph, Format element)
 {
     if (element == Binary64)
-        return {graph.nodes.size(), {Binary64, Binary64}};
+        return elementFormats(graph, element);
     const std::vector<int> uses = useCounts(graph);
     std::vector<NodeFormat> formats;
     for (std::size_t i = 0; i < graph.nodes.size(); ++i) {
@@ -26,6 +26,11 @@ std::vector<NodeFormat> assignFormats(const Graph& graph, Format element)
             {isExpression ? Binary64 : Binary32, isExpression && !endsHere ? Binary64 : Binary32});
     }
     return formats;
+}
+
+std::vector<NodeFormat> elementFormats(const Graph& graph, Format element)
+{
+    return {graph.nodes.size(), {element, element}};
 }
 
 int countScaledInBinary64(const Graph& graph, const std::vector<NodeFormat>& formats)

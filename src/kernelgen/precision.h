@@ -21,6 +21,10 @@ struct NodeFormat {
 
 std::vector<NodeFormat> assignFormats(const Graph& graph, Format element);
 
+// Every operation in the element format, constants rounded to it: what transforms do that take
+// their factors from tables of the element type.
+std::vector<NodeFormat> elementFormats(const Graph& graph, Format element);
+
 // The outputs of a binary32 kernel that take S in binary64.
 int countScaledInBinary64(const Graph& graph, const std::vector<NodeFormat>& formats);
 

@@ -21,7 +21,7 @@ std::vector<std::vector<int>> outputsOf(const Graph& graph)
 
 } // namespace
 
-Schedule constructionOrder(const Graph& graph)
+Schedule constructionOrder(const Graph& graph, Stores stores)
 {
     const std::vector<std::vector<int>> outputs = outputsOf(graph);
     Schedule schedule;
@@ -32,7 +32,8 @@ Schedule constructionOrder(const Graph& graph)
 
     const auto storeOutputs = [&](int node) {
         for (const int output : outputs[node])
-            (loadsLeft > 0 ? heldBack : schedule).push_back({Store, output});
+            (stores == Stores::AfterLoads && loadsLeft > 0 ? heldBack : schedule)
+                .push_back({Store, output});
     };
     const auto load = [&](int node) {
         if (graph.nodes[node].op != Op::Load || isLoaded[node])
@@ -53,6 +54,9 @@ Schedule constructionOrder(const Graph& graph)
         schedule.push_back({Compute, static_cast<int>(i)});
         storeOutputs(static_cast<int>(i));
     }
+    // Inputs that are outputs and nothing else.
+    for (std::size_t i = 0; i < graph.nodes.size(); ++i)
+        load(static_cast<int>(i));
     return schedule;
 }
 

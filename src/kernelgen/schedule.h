@@ -1,9 +1,9 @@
 // The order of a kernel's text.
 //
 // Construction order is a good one: builders form each sub-transform whole and its twiddles right
-// behind it, which keeps few values live. Each input is loaded right before its first use. Stores
-// wait until the last load, since src and dst may overlap; then every output is stored as soon as
-// it exists.
+// behind it, which keeps few values live. Each input is loaded right before its first use. Where
+// what is read and what is written may overlap, as src and dst of a kernel, stores wait until the
+// last load; then, and otherwise from the start, every output is stored as soon as it exists.
 #pragma once
 
 #include "kernelgen/graph.h"
@@ -19,7 +19,9 @@ struct Step {
 
 using Schedule = std::vector<Step>;
 
-Schedule constructionOrder(const Graph& graph);
+enum class Stores : std::uint8_t { AfterLoads, AsReady };
+
+Schedule constructionOrder(const Graph& graph, Stores stores = Stores::AfterLoads);
 
 // The most values that are live at once.
 int peakLive(const Graph& graph, const Schedule& schedule);

@@ -53,11 +53,10 @@ std::string emitPass(const Pass& pass, Format format, int indent)
     const std::string space(indent, ' ');
     const std::string offset = " + " + std::to_string(pass.step) + " * i;\n";
     const Graph graph = whtGraph(pass.order);
-    const Body body{.format = format,
-                    .sourceSlot = slots(pass.order, pass.stride),
-                    .destinationSlot = slots(pass.order, pass.stride),
-                    .isScaled = pass.isScaled,
-                    .indent = indent + 4};
+    const std::vector<int> slot = slots(pass.order, pass.stride);
+    Body body = kernelBody(graph, format, slot, slot);
+    body.isScaled = pass.isScaled;
+    body.indent = indent + 4;
     return space + "// " + pass.title + "\n" + space + "for (int i = 0; i < " +
            std::to_string(pass.count) + "; ++i) {\n" + space + "    const " + scalarType(format) +
            "* const in = " + pass.source + offset + space + "    " + scalarType(format) +
@@ -156,7 +155,7 @@ GeneratedFile kernelFile(int order, Format format)
     } else {
         const Graph graph = whtGraph(order);
         const std::vector<int> slot = slots(order, 1);
-        const Body body{.format = format, .sourceSlot = slot, .destinationSlot = slot};
+        const Body body = kernelBody(graph, format, slot, slot);
         text += "#include \"rvngenmx.h\"\n\n" +
                 emitKernel(function(order, format), body, graph, constructionOrder(graph));
     }
