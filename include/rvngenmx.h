@@ -2,7 +2,8 @@
  *
  * Every transform of a fixed length is one exported function, a kernel: scalar arithmetic, no
  * table, no state, no allocation (but for the work memory of long Walsh-Hadamard transforms). A
- * dispatcher per family takes the length at run time. The header is C99 and C++.
+ * dispatcher per family takes the length at run time. The DCT-IV of power-of-two sizes is planned
+ * once into a block of memory and run many times. The header is C99 and C++.
  *
  * A complete program, the spectrum of four complex samples:
  *
@@ -93,8 +94,9 @@ typedef struct Rvn64fc {
 typedef int32_t RvnStatus;
 enum {
     RvnStatusNoError = 0,      /* the transform was carried out */
-    RvnStatusSizeError = -6,   /* a length or order is out of range; dispatchers and queries only */
-    RvnStatusNullPointer = -8, /* src or dst is null */
+    RvnStatusBadMode = -5,     /* a plan is damaged; never of a plan that an initialiser built */
+    RvnStatusSizeError = -6,   /* a length, order or size is not served; never from a kernel */
+    RvnStatusNullPointer = -8, /* a pointer is null, or memory could not be had */
     RvnStatusFlagError = -16   /* the flag is none of 1, 2, 4, 8 */
 };
 
@@ -313,6 +315,74 @@ RVNG_API RvnStatus rvngWHTGetBufferSize_64f(int32_t order, int32_t* size);
 RVNG_ORDERS_1_TO_13(RVNG_DECLARE_WHT_KERNEL, 32f, float, unused)
 RVNG_ORDERS_1_TO_13(RVNG_DECLARE_WHT_KERNEL, 64f, double, unused)
 #undef RVNG_DECLARE_WHT_KERNEL
+
+/* ---- DCT-IV --------------------------------------------------------------------------------- */
+
+/* Discrete cosine transform of type IV of N real numbers, N a power of two from 2 up:
+ *
+ *     dst[k] = sum over n of src[n] * cos(pi (2n + 1)(2k + 1) / (4N)), k and n from 0 to N - 1.
+ *
+ * There is no scale factor and no flag: the transform applied twice gives N/2 times the input. src
+ * and dst hold N elements each. They may be equal, or overlap in any way: all reads of src come
+ * before the first write to dst.
+ *
+ *     RvnDCT4Spec_32f* spec;
+ *     if (rvngDCT4InitAlloc_32f(&spec, 1024) != RvnStatusNoError)
+ *         return 1;
+ *     rvngDCT4_32f(x, X, spec);    // as often as needed
+ *     rvngDCT4Free_32f(spec);
+ *
+ * A plan is one block of memory that holds everything the transform needs: objects, tables and
+ * intermediate results. It comes from the caller (size query, then initialiser) or from rvnMalloc
+ * (allocating initialiser, which rvngDCT4Free_32f undoes). The caller's own block may have any
+ * alignment and any content; it must stay where it is, since the plan holds addresses, and ends by
+ * no longer being used. All trigonometry is done while planning; a transform allocates nothing.
+ *
+ * Sizes: 2, 4, 8, ... up to 2^27 in 32f and 2^26 in 64f. Other sizes are refused with
+ * RvnStatusSizeError, but for two kinds that are left unchecked on purpose and must not be used:
+ * the sizes 2^k + 1 from 9 on are planned and run, compute no DCT-IV, leave elements of dst
+ * unwritten, read src[N] and write dst[N]; and of the next powers of two, whose byte counts leave
+ * 32 bits, some are told a size that is too small (2^30 in 32f, 2^29 and 2^30 in 64f).
+ *
+ * Threads: a plan of size 2 to 32 is only read by a transform and may be shared; a plan of size 64
+ * or more is written and serves one transform at a time. Different plans have nothing in common.
+ *
+ * The method: one split with radix r at the top, the outputs in rows of 2r, over r real transforms
+ * at odd frequencies, which split further by decimation in time; unrolled bodies of 2 to 64 points
+ * below. The arithmetic stays in the element type. The radix is 8, 16 or 32, by the size.
+ */
+
+/* Opaque: a plan, one type per precision. It is an address inside the block, not the block's. */
+typedef struct RvnDCT4Spec_32f RvnDCT4Spec_32f;
+typedef struct RvnDCT4Spec_64f RvnDCT4Spec_64f;
+
+/* Writes to *bytes how large the block of a plan must be. Returns RvnStatusSizeError, and writes
+ * nothing, for a size that is not served. The pointer is not tested for null. */
+RVNG_API RvnStatus rvngDCT4GetSize_32f(int32_t size, int32_t* bytes);
+RVNG_API RvnStatus rvngDCT4GetSize_64f(int32_t size, int32_t* bytes);
+
+/* Builds a plan in `block`, of at least the bytes that the size query tells (this is not checked),
+ * and writes its handle to *spec. Returns RvnStatusNullPointer for a null pointer;
+ * RvnStatusSizeError for a size that is not served: *spec is untouched then, but the block may have
+ * been written to, and may be used for another plan. */
+RVNG_API RvnStatus rvngDCT4Init_32f(RvnDCT4Spec_32f** spec, int32_t size, void* block);
+RVNG_API RvnStatus rvngDCT4Init_64f(RvnDCT4Spec_64f** spec, int32_t size, void* block);
+
+/* The same in a block from rvnMalloc (rvncore.h). Returns RvnStatusNullPointer for a null pointer,
+ * before the size is looked at, and also when the memory cannot be had; RvnStatusSizeError for a
+ * size that is not served. *spec is untouched, and nothing is held, when it fails. */
+RVNG_API RvnStatus rvngDCT4InitAlloc_32f(RvnDCT4Spec_32f** spec, int32_t size);
+RVNG_API RvnStatus rvngDCT4InitAlloc_64f(RvnDCT4Spec_64f** spec, int32_t size);
+
+/* Ends a plan of the allocating initialiser and gives its block to rvnFree. Never for a plan in the
+ * caller's own block. Returns RvnStatusNullPointer for a null spec. */
+RVNG_API RvnStatus rvngDCT4Free_32f(RvnDCT4Spec_32f* spec);
+RVNG_API RvnStatus rvngDCT4Free_64f(RvnDCT4Spec_64f* spec);
+
+/* Runs the transform. Returns RvnStatusNullPointer, having read and written nothing, when a pointer
+ * is null. The spec must be of the same precision. */
+RVNG_API RvnStatus rvngDCT4_32f(const float* src, float* dst, RvnDCT4Spec_32f* spec);
+RVNG_API RvnStatus rvngDCT4_64f(const double* src, double* dst, RvnDCT4Spec_64f* spec);
 
 #ifdef __cplusplus
 }

@@ -5,6 +5,8 @@
 //
 // It stops with a message and status 1 when a graph does not have the counts of its plan.
 
+#include "dct4/kernels.h"
+#include "dct4/plans.h"
 #include "dft_complex/kernels.h"
 #include "dft_real/kernels.h"
 #include "hartley/kernels.h"
@@ -33,6 +35,8 @@ void writeKernels(const std::filesystem::path& folder)
             kernelgen::writeFile(folder / "hartley", hartley::kernelFile(plan, format));
         for (int order = wht::lowestOrder; order <= wht::highestOrder; ++order)
             kernelgen::writeFile(folder / "wht", wht::kernelFile(order, format));
+        for (const dct4::BodyPlan& plan : dct4::bodyPlans)
+            kernelgen::writeFile(folder / "dct4", dct4::bodyFile(plan, format));
     }
 }
 
@@ -50,7 +54,8 @@ int main(int argc, char** argv)
             std::cout << rvn::dft_complex::report() << "\n"
                       << rvn::dft_real::report() << "\n"
                       << rvn::hartley::report() << "\n"
-                      << rvn::wht::report();
+                      << rvn::wht::report() << "\n"
+                      << rvn::dct4::report();
             return std::cout.flush() ? 0 : 1;
         }
     } catch (const std::exception& error) {
