@@ -14,32 +14,28 @@ namespace rvn::bench
 namespace
 {
 
-constexpr int trials = 64;
-
 // Far above what rounding does in the worst of the algorithms, far below any mistake.
 constexpr double mostUnitsOfRounding = 1000;
 
 } // namespace
 
 template <typename Real>
-double relativeRmsError(const Contender& contender, const Draw<Real>& draw, Buffers<Real>& buffers,
-                        Placement placement)
+double relativeRmsError(const Contender& contender, const Draw<Real>& draw, std::span<Real> source,
+                        std::span<Real> destination, int trials)
 {
     constexpr Real notANumber = std::numeric_limits<Real>::quiet_NaN();
-    const Real* const found = buffers.destination(placement);
-
     Random random(seed);
     long double error = 0;
     long double total = 0;
     for (int trial = 0; trial < trials; ++trial) {
         const Problem<Real> problem = draw(random);
-        buffers.target.fill(notANumber);
-        buffers.source.fill(notANumber);
-        std::ranges::copy(problem.input, buffers.source.begin());
+        std::ranges::fill(destination, notANumber);
+        std::ranges::fill(source, notANumber);
+        std::ranges::copy(problem.input, source.begin());
         contender.transform();
         for (std::size_t i = 0; i < problem.output.size(); ++i) {
             const long double exact = problem.output[i];
-            const long double difference = found[i] - exact;
+            const long double difference = destination[i] - exact;
             error += difference * difference;
             total += exact * exact;
         }
@@ -51,8 +47,9 @@ double relativeRmsError(const Contender& contender, const Draw<Real>& draw, Buff
     return relative;
 }
 
-template double relativeRmsError(const Contender&, const Draw<float>&, Buffers<float>&, Placement);
-template double relativeRmsError(const Contender&, const Draw<double>&, Buffers<double>&,
-                                 Placement);
+template double relativeRmsError(const Contender&, const Draw<float>&, std::span<float>,
+                                 std::span<float>, int);
+template double relativeRmsError(const Contender&, const Draw<double>&, std::span<double>,
+                                 std::span<double>, int);
 
 } // namespace rvn::bench

@@ -3,14 +3,20 @@
 #pragma once
 
 #include "contender.h"
+#include "measure.h"
+
+#include <vector>
 
 namespace rvn::bench
 {
 
-inline constexpr int additionsInClockChain = 6400;
+struct TimingsAndCycles {
+    std::vector<Timing> timings; // as measure() gives them
+    double cycles;               // of a call of the first contender
+};
 
-// One call is one chain. Timed in a round with others, it tells the cycles that those take.
-Contender clockChain();
+// As measure() does, with a chain in every round: the cycle is that of the moment.
+TimingsAndCycles measureInCycles(std::vector<Contender> contenders, int rounds, double seconds);
 
 // In GHz, over a few rounds of the given time.
 double clockNow(double seconds);

@@ -55,7 +55,7 @@ Entrants<Real> complexEntrants(Buffers<Real>& buffers, int length, Direction dir
         const FftwPlan<Real> plan =
             planFftw<Real>(Api::complexToComplex, length, reinterpret_cast<Complex*>(source),
                            reinterpret_cast<Complex*>(destination),
-                           forward ? FFTW_FORWARD : FFTW_BACKWARD, variant.flags);
+                           forward ? FFTW_FORWARD : FFTW_BACKWARD, FFTW_PATIENT | variant.flags);
         all.push_back({contender(variant.name, [=] { Api::execute(plan.get()); }), draw});
     }
 

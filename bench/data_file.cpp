@@ -13,44 +13,51 @@ namespace rvn::bench
 namespace
 {
 
+// "-" for those of the count that are missing at the end.
+void writeCells(std::ostream& file, const std::vector<double>& values, std::size_t count)
+{
+    for (std::size_t i = 0; i < count; ++i) {
+        if (i < values.size())
+            file << " " << values[i];
+        else
+            file << " -";
+    }
+}
+
 void writeHead(std::ostream& file, const std::string& title, const Layout& layout)
 {
     const std::size_t peers = layout.contenders.size() - layout.firstPeer;
     file << "# " << title << "\n# " << processor() << "\n# " << layout.size << " "
-         << layout.contenders.size() << " " << peers << " " << layout.extra.names.size() << " "
-         << layout.extra.key << "\n";
+         << layout.contenders.size() << " " << peers;
+    for (const Extra& extra : layout.extras)
+        file << " " << extra.names.size() << " " << extra.key;
+    file << "\n";
 
-    file << layout.sizes.front();
+    file << layout.size;
     for (const std::string& name : layout.contenders)
         file << " \"" << name << "\"";
     for (std::size_t i = layout.firstPeer; i < layout.contenders.size(); ++i)
         file << " \"" << layout.contenders[i] << "\"";
-    for (const std::string& name : layout.extra.names)
-        file << " \"" << name << "\"";
+    for (const Extra& extra : layout.extras)
+        for (const std::string& name : extra.names)
+            file << " \"" << name << "\"";
     file << "\n";
 }
 
 void writeRow(std::ostream& file, const Layout& layout, const Row& row)
 {
+    std::vector<double> times;
+    std::vector<double> ratios;
+    for (const Timing& timing : row.timings)
+        times.push_back(timing.nanoseconds);
+    for (std::size_t i = layout.firstPeer; i < row.timings.size(); ++i)
+        ratios.push_back(row.timings[i].ratio);
+
     file << row.sizes.front();
-    for (std::size_t i = 0; i < layout.contenders.size(); ++i) {
-        if (i < row.timings.size())
-            file << " " << row.timings[i].nanoseconds;
-        else
-            file << " -";
-    }
-    for (std::size_t i = layout.firstPeer; i < layout.contenders.size(); ++i) {
-        if (i < row.timings.size())
-            file << " " << row.timings[i].ratio;
-        else
-            file << " -";
-    }
-    for (std::size_t i = 0; i < layout.extra.names.size(); ++i) {
-        if (i < row.extras.size())
-            file << " " << row.extras[i];
-        else
-            file << " -";
-    }
+    writeCells(file, times, layout.contenders.size());
+    writeCells(file, ratios, layout.contenders.size() - layout.firstPeer);
+    for (std::size_t group = 0; group < layout.extras.size(); ++group)
+        writeCells(file, row.extras[group], layout.extras[group].names.size());
     file << "\n";
 }
 

@@ -13,7 +13,8 @@ namespace rvn::bench
 //
 //     # the title
 //     # the processor
-//     # the name of a size, the numbers of times, ratios and extra figures, and the key of these
+//     # the name of a size, the numbers of times and ratios, then of each group of extra figures
+//       how many there are and their key, all on this line
 //
 // The table has a line of quoted names, then a line for each row: the size, the times, the ratios,
 // the extra figures, "-" for one that is missing. Throws std::runtime_error if the file cannot be

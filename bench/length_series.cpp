@@ -7,6 +7,7 @@
 
 #include <algorithm>
 #include <memory>
+#include <span>
 #include <stdexcept>
 
 namespace rvn::bench
@@ -15,29 +16,35 @@ namespace rvn::bench
 namespace
 {
 
+constexpr int trials = 64; // of the accuracy
+
 Layout layout(const Names& contenders, std::size_t firstPeer)
 {
     Names judged = contenders;
     judged.erase(judged.begin() + 1, judged.begin() + static_cast<std::ptrdiff_t>(firstPeer));
     return {.size = "length",
-            .sizes = {"N"},
+            .sizes = {{.name = "N", .width = 3}},
             .contenders = contenders,
             .firstPeer = firstPeer,
-            .extra = {.title = "relative rms error",
-                      .summary = "relative rms error over all of them",
-                      .key = "error",
-                      .names = judged,
-                      .printed = 2, // ours and that of FFTW scalar
-                      .scientific = true,
-                      .meanName = "rms",
-                      .mean = rootMeanSquare}};
+            .ranges = {},
+            .extras = {{.title = "relative rms error",
+                        .summary = "relative rms error over all of them",
+                        .key = "error",
+                        .names = judged,
+                        .printed = 2, // ours and that of FFTW scalar
+                        .format = "%.2e",
+                        .meanName = "rms",
+                        .mean = rootMeanSquare}}};
 }
 
 template <typename Real>
 double errorOf(const Entrant<Real>& entrant, Buffers<Real>& buffers, int length,
                Placement placement)
 try {
-    return relativeRmsError(entrant.contender, entrant.draw, buffers, placement);
+    const std::span<Real> destination =
+        placement == Placement::InPlace ? buffers.source : buffers.target;
+    return relativeRmsError<Real>(entrant.contender, entrant.draw, buffers.source, destination,
+                                  trials);
 } catch (const std::runtime_error& failure) {
     throw std::runtime_error(failure.what() + (" at length " + std::to_string(length)));
 }
@@ -59,16 +66,17 @@ Row measureLength(const LengthTransform<Real>& transform, Buffers<Real>& buffers
 {
     const Entrants<Real> entrants = transform.entrants(buffers, length);
     std::vector<Contender> contenders;
-    Row row = {.sizes = {length}, .timings = {}, .extras = {}};
+    std::vector<double> errors;
     for (const Entrant<Real>& entrant : entrants) {
         const double error = errorOf(entrant, buffers, length, options.placement);
         if (contenders.empty() || contenders.size() >= transform.firstPeer)
-            row.extras.push_back(error);
+            errors.push_back(error);
         contenders.push_back(entrant.contender);
     }
     fillSource(buffers, entrants.front(), options.placement);
-    row.timings = measure(contenders, options.repetitions, options.seconds);
-    return row;
+    return {.sizes = {length},
+            .timings = measure(contenders, options.repetitions, options.seconds),
+            .extras = {errors}};
 }
 
 // Every contender takes length 2.

@@ -1,11 +1,12 @@
-# Three plots of one data file of rvngenmx_bench, by size: the ratios, the times and the extra
-# figures of the transform.
+# The plots of one data file of rvngenmx_bench, by size: the ratios, the times and each group of
+# extra figures of the transform.
 #
 #     gnuplot -c plots.gnuplot <data file> <title> <stem of the PNG files> \
-#             <name of a size> <times> <ratios> <extra figures> <key of these>
+#             <name of a size> <times> <ratios> <groups>
 #
-# The last five are words of the data file's third comment; the three numbers count its columns, in
-# this order behind the size. The ratios belong to the last contenders that have times.
+# The last four are from the data file's third comment; the groups, one argument, are a number and a
+# key for each. The numbers count its columns, in this order behind the size. The ratios belong to
+# the last contenders that have times.
 
 data = ARG1
 title = ARG2
@@ -13,8 +14,7 @@ stem = ARG3
 size = ARG4
 times = int(ARG5)
 ratios = int(ARG6)
-extras = int(ARG7)
-key = ARG8
+groups = ARG7
 
 firstTime = 2
 firstRatio = firstTime + times
@@ -34,10 +34,18 @@ if (size eq "length") {
     set xrange [1:65]
     set xtics 2,2 nomirror
     set mxtics 2
-} else {
+}
+if (size eq "order") {
     set xlabel "order k, 2^k points"
     set xrange [0.5:13.5]
     set xtics 1,1 nomirror
+}
+if (size eq "size") {
+    set xlabel "size N"
+    set logscale x 2
+    set format x "2^%L"
+    set xrange [1.5 : 1.5 * 2**20]
+    set xtics 2 nomirror
 }
 
 # One colour a contender in all plots, ours first.
@@ -69,18 +77,39 @@ set logscale y 10
 plot for [i = 0 : times - 1] data using 1:(column(firstTime + i)) \
     with linespoints linetype i + 1 title columnheader(firstTime + i)
 
-set output stem . "_" . key . ".png"
-if (key eq "error") {
-    set title title . "\nrelative rms error on random input"
-    set ylabel "error, lower is better"
-    unset logscale y
-    set format y "%.1e"
-    set yrange [0:*]
-} else {
-    set title title . "\ntime over the limit of two additions a cycle"
-    set ylabel "times the limit, lower is better"
-    set ytics (0.8, 1, 1.2, 1.5, 2, 3, 4, 5, 7, 10, 15, 20, 30, 50)
-    set yrange [0.8 : 2 < *]
+do for [g = 1 : words(groups) / 2] {
+    extras = int(word(groups, 2 * g - 1))
+    key = word(groups, 2 * g)
+    set output stem . "_" . key . ".png"
+    set ytics autofreq
+    set format y "%g"
+    set logscale y 10
+    set yrange [*:*]
+    if (key eq "error") {
+        set title title . "\nrelative rms error on random input"
+        set ylabel "error, lower is better"
+        unset logscale y
+        set format y "%.1e"
+        set yrange [0:*]
+    }
+    if (key eq "limit") {
+        set title title . "\ntime over the limit of scalar code"
+        set ylabel "times the limit, lower is better"
+        set logscale y 2
+        set ytics (0.8, 1, 1.2, 1.5, 2, 3, 4, 5, 7, 10, 15, 20, 30, 50)
+        set yrange [0.8 : 2 < *]
+    }
+    if (key eq "growth") {
+        set title title . "\ntime of one call over N log2 N"
+        set ylabel "nanoseconds, lower is better"
+        set logscale y 2
+        set ytics (0.05, 0.1, 0.15, 0.2, 0.3, 0.4, 0.5, 0.7, 1, 1.5, 2, 3, 5, 10, 20, 30)
+    }
+    if (key eq "planning") {
+        set title title . "\ntime of planning"
+        set ylabel "microseconds, lower is better"
+    }
+    plot for [i = 0 : extras - 1] data using 1:(column(firstExtra + i)) \
+        with linespoints linetype (i == 0 ? 1 : firstPeer + i) title columnheader(firstExtra + i)
+    firstExtra = firstExtra + extras
 }
-plot for [i = 0 : extras - 1] data using 1:(column(firstExtra + i)) \
-    with linespoints linetype (i == 0 ? 1 : firstPeer + i) title columnheader(firstExtra + i)

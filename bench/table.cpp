@@ -17,21 +17,17 @@ namespace
 
 constexpr int nameWidth = 12; // of a column
 constexpr std::size_t sizesInALine = 10;
-
-int sizeWidth(const std::string& name)
-{
-    return std::max(3, static_cast<int>(name.size()) + 1);
-}
+constexpr const char* timeFormat = "%.2f"; // of ratios too
 
 int groupWidth(std::size_t columns)
 {
     return nameWidth * static_cast<int>(columns);
 }
 
-std::string text(double value, bool scientific)
+std::string text(double value, const char* format)
 {
     std::array<char, 64> buffer = {};
-    std::snprintf(buffer.data(), buffer.size(), scientific ? "%.2e" : "%.2f", value);
+    std::snprintf(buffer.data(), buffer.size(), format, value);
     return buffer.data();
 }
 
@@ -65,6 +61,15 @@ std::vector<Row> timedRows(const std::vector<Row>& rows, std::size_t contender)
     return timed;
 }
 
+std::vector<Row> rowsWithin(const std::vector<Row>& rows, const SizeRange& range)
+{
+    std::vector<Row> within;
+    std::ranges::copy_if(rows, std::back_inserter(within), [=](const Row& row) {
+        return row.sizes.front() >= range.first && row.sizes.front() <= range.last;
+    });
+    return within;
+}
+
 // Our own contenders behind the first one, their times against its time.
 void printOwn(const Layout& layout, const std::vector<Row>& rows, std::size_t own)
 {
@@ -91,21 +96,37 @@ void printRatios(const Layout& layout, const std::vector<Row>& all, std::size_t 
         rows.size() < all.size() ? ("; " + std::to_string(rows.size()) + " of them").c_str() : "");
 }
 
-void printExtra(const Layout& layout, const std::vector<Row>& all, std::size_t i)
+void printAllRatios(const Layout& layout, const std::vector<Row>& rows)
 {
-    const Extra& extra = layout.extra;
+    for (std::size_t peer = layout.firstPeer; peer < layout.contenders.size(); ++peer)
+        printRatios(layout, rows, peer);
+}
+
+// Nothing for a range that has no row, or all of them.
+void printRange(const Layout& layout, const std::vector<Row>& all, const SizeRange& range)
+{
+    const std::vector<Row> rows = rowsWithin(all, range);
+    if (rows.empty() || rows.size() == all.size())
+        return;
+    std::printf("times as fast as, over the %zu from %d to %d\n", rows.size(), range.first,
+                range.last);
+    printAllRatios(layout, rows);
+}
+
+void printExtra(const Layout& layout, const std::vector<Row>& all, std::size_t group, std::size_t i)
+{
+    const Extra& extra = layout.extras[group];
     std::vector<Row> rows;
     std::ranges::copy_if(all, std::back_inserter(rows),
-                         [=](const Row& row) { return i < row.extras.size(); });
+                         [=](const Row& row) { return i < row.extras[group].size(); });
     if (rows.empty())
         return;
-    const auto valueOf = [=](const Row& row) { return row.extras[i]; };
+    const auto valueOf = [=](const Row& row) { return row.extras[group][i]; };
     const Row& largest = *std::ranges::max_element(rows, {}, valueOf);
-    std::printf("    %-11s  %s %s, largest %s at %s %d\n", extra.names[i].c_str(),
-                extra.meanName.c_str(),
-                text(extra.mean(column(rows, valueOf)), extra.scientific).c_str(),
-                text(valueOf(largest), extra.scientific).c_str(), layout.size.c_str(),
-                largest.sizes.front());
+    std::printf(
+        "    %-11s  %s %s, largest %s at %s %d\n", extra.names[i].c_str(), extra.meanName.c_str(),
+        text(extra.mean(column(rows, valueOf)), extra.format).c_str(),
+        text(valueOf(largest), extra.format).c_str(), layout.size.c_str(), largest.sizes.front());
 }
 
 // "size ratio" for each size whose ratio is below the limit.
@@ -128,19 +149,22 @@ void printBelow(const Layout& layout, const std::vector<Row>& all, std::size_t p
 void printHead(const Layout& layout)
 {
     const auto peers = layout.contenders.begin() + static_cast<std::ptrdiff_t>(layout.firstPeer);
-    const auto printedEnd =
-        layout.extra.names.begin() + static_cast<std::ptrdiff_t>(layout.extra.printed);
 
-    for (const std::string& size : layout.sizes)
-        std::printf("%*s", sizeWidth(size), "");
-    std::printf(" |%*s |%*s |%*s\n", groupWidth(layout.contenders.size()), "nanoseconds a call",
-                groupWidth(layout.contenders.size() - layout.firstPeer), "times as fast as",
-                groupWidth(layout.extra.printed), layout.extra.title.c_str());
-    for (const std::string& size : layout.sizes)
-        std::printf("%*s", sizeWidth(size), size.c_str());
+    for (const SizeColumn& column : layout.sizes)
+        std::printf("%*s", column.width, "");
+    std::printf(" |%*s |%*s", groupWidth(layout.contenders.size()), "nanoseconds a call",
+                groupWidth(layout.contenders.size() - layout.firstPeer), "times as fast as");
+    for (const Extra& extra : layout.extras)
+        std::printf(" |%*s", groupWidth(extra.printed), extra.title.c_str());
+    std::printf("\n");
+
+    for (const SizeColumn& column : layout.sizes)
+        std::printf("%*s", column.width, column.name.c_str());
     printCells(layout.contenders);
     printCells({peers, layout.contenders.end()});
-    printCells({layout.extra.names.begin(), printedEnd});
+    for (const Extra& extra : layout.extras)
+        printCells({extra.names.begin(),
+                    extra.names.begin() + static_cast<std::ptrdiff_t>(extra.printed)});
     std::printf("\n");
 }
 
@@ -148,19 +172,22 @@ void printRow(const Layout& layout, const Row& row)
 {
     std::vector<std::string> times(layout.contenders.size(), "-");
     std::vector<std::string> ratios(layout.contenders.size() - layout.firstPeer, "-");
-    std::vector<std::string> extras;
     for (std::size_t i = 0; i < row.timings.size(); ++i)
-        times[i] = text(row.timings[i].nanoseconds, false);
+        times[i] = text(row.timings[i].nanoseconds, timeFormat);
     for (std::size_t i = layout.firstPeer; i < row.timings.size(); ++i)
-        ratios[i - layout.firstPeer] = text(ratio(row, i), false);
-    for (std::size_t i = 0; i < layout.extra.printed; ++i)
-        extras.push_back(text(row.extras[i], layout.extra.scientific));
+        ratios[i - layout.firstPeer] = text(ratio(row, i), timeFormat);
 
     for (std::size_t i = 0; i < row.sizes.size(); ++i)
-        std::printf("%*d", sizeWidth(layout.sizes[i]), row.sizes[i]);
+        std::printf("%*d", layout.sizes[i].width, row.sizes[i]);
     printCells(times);
     printCells(ratios);
-    printCells(extras);
+    for (std::size_t group = 0; group < layout.extras.size(); ++group) {
+        const Extra& extra = layout.extras[group];
+        std::vector<std::string> figures;
+        for (std::size_t i = 0; i < extra.printed; ++i)
+            figures.push_back(text(row.extras[group][i], extra.format));
+        printCells(figures);
+    }
     std::printf("\n");
     std::fflush(stdout);
 }
@@ -169,15 +196,18 @@ void printSummary(const Layout& layout, const std::vector<Row>& rows,
                   const std::vector<double>& limits)
 {
     std::printf("\ntimes as fast as, over %zu %ss\n", rows.size(), layout.size.c_str());
-    for (std::size_t peer = layout.firstPeer; peer < layout.contenders.size(); ++peer)
-        printRatios(layout, rows, peer);
+    printAllRatios(layout, rows);
+    for (const SizeRange& range : layout.ranges)
+        printRange(layout, rows, range);
     if (layout.firstPeer > 1)
         std::printf("time over that of %s\n", layout.contenders.front().c_str());
     for (std::size_t own = 1; own < layout.firstPeer; ++own)
         printOwn(layout, rows, own);
-    std::printf("%s\n", layout.extra.summary.c_str());
-    for (std::size_t i = 0; i < layout.extra.names.size(); ++i)
-        printExtra(layout, rows, i);
+    for (std::size_t group = 0; group < layout.extras.size(); ++group) {
+        std::printf("%s\n", layout.extras[group].summary.c_str());
+        for (std::size_t i = 0; i < layout.extras[group].names.size(); ++i)
+            printExtra(layout, rows, group, i);
+    }
     for (const double limit : limits)
         for (std::size_t peer = layout.firstPeer; peer < layout.contenders.size(); ++peer)
             printBelow(layout, rows, peer, limit);

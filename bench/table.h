@@ -14,8 +14,9 @@ namespace rvn::bench
 void printHead(const Layout& layout);
 void printRow(const Layout& layout, const Row& row);
 
-// Under the rows: the mean and the worst ratio, our other contenders against the first one, the
-// mean and the largest of the extra figures, and the sizes whose ratio is below a limit.
+// Under the rows: the mean and the worst ratio, over all rows and over the ranges of the layout;
+// our other contenders against the first one; the mean and the largest of the extra figures; and
+// the sizes whose ratio is below a limit.
 void printSummary(const Layout& layout, const std::vector<Row>& rows,
                   const std::vector<double>& limits);
 

@@ -26,39 +26,37 @@ namespace
 Layout layout()
 {
     return {.size = "order",
-            .sizes = {"order", "points"},
+            .sizes = {{.name = "order", .width = 6}, {.name = "points", .width = 7}},
             .contenders = whtContenderNames(),
             .firstPeer = firstWhtPeer,
-            .extra = {.title = "over limit",
-                      .summary = "time over the limit of two additions a cycle",
-                      .key = "limit",
-                      .names = {"ours"},
-                      .printed = 1,
-                      .scientific = false,
-                      .meanName = "geometric mean",
-                      .mean = geometricMean}};
+            .ranges = {},
+            .extras = {{.title = "over limit",
+                        .summary = "time over the limit of two additions a cycle",
+                        .key = "limit",
+                        .names = {"ours"},
+                        .printed = 1,
+                        .format = "%.2f",
+                        .meanName = "geometric mean",
+                        .mean = geometricMean}}};
 }
 
-// chain.ratio is the time of the chain over ours.
-double timeOverLimit(const Timing& chain, int order)
+double cyclesOfLimit(int order)
 {
-    const double cycles = additionsInClockChain / chain.ratio;
-    return cycles / (order << (order - 1));
+    return order << (order - 1);
 }
 
 template <typename Element>
 Row measureOrder(WhtBuffers<Element>& buffers, int order, const Options& options)
 {
-    std::vector<Contender> contenders = whtContenders(buffers, order, options.placement);
+    const std::vector<Contender> contenders = whtContenders(buffers, order, options.placement);
     requireAgreement<Element>(contenders, buffers, order, options.placement);
 
     fillForTiming<Element>(buffers.source, options.placement);
-    contenders.push_back(clockChain());
-    std::vector<Timing> timings = measure(contenders, options.repetitions, options.seconds);
-    const Timing chain = timings.back();
-    timings.pop_back();
-    return {
-        .sizes = {order, 1 << order}, .timings = timings, .extras = {timeOverLimit(chain, order)}};
+    const TimingsAndCycles found =
+        measureInCycles(contenders, options.repetitions, options.seconds);
+    return {.sizes = {order, 1 << order},
+            .timings = found.timings,
+            .extras = {{found.cycles / cyclesOfLimit(order)}}};
 }
 
 template <typename Element> Series series(const Options& options)
