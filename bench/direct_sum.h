@@ -20,4 +20,6 @@ Numbers directInverseRealDft(const Numbers& halfSpectrum, int length);
 
 Numbers directHartley(const Numbers& signal);
 
+Numbers directDct4(const Numbers& signal);
+
 } // namespace rvn::bench

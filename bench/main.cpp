@@ -6,6 +6,7 @@
 #include "clock.h"
 #include "complex_series.h"
 #include "data_file.h"
+#include "dct4_series.h"
 #include "hartley_series.h"
 #include "machine.h"
 #include "options.h"
@@ -35,11 +36,12 @@ struct FamilyEntry {
     Series (*series)(const Options&, Precision);
 };
 
-constexpr std::array<FamilyEntry, 4> families = {{
+constexpr std::array<FamilyEntry, 5> families = {{
     {Family::Complex, complexMethod, complexSeries},
     {Family::Real, realMethod, realSeries},
     {Family::Hartley, hartleyMethod, hartleySeries},
     {Family::Wht, whtMethod, whtSeries},
+    {Family::Dct4, dct4Method, dct4Series},
 }};
 
 std::vector<FamilyEntry> measuredFamilies(const Options& options)

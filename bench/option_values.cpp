@@ -4,6 +4,7 @@
 #include "option_values.h"
 
 #include <algorithm>
+#include <bit>
 #include <charconv>
 #include <numeric>
 #include <system_error>
@@ -34,6 +35,47 @@ std::vector<std::string_view> splitAtCommas(std::string_view text)
     return parts;
 }
 
+// The sizes of a range; none if its ends are not sizes themselves.
+using Between = std::optional<std::vector<int>> (*)(int first, int last);
+
+std::optional<std::vector<int>> parseList(std::string_view text, int least, int most,
+                                          Between between)
+{
+    std::vector<int> sizes;
+    for (const std::string_view part : splitAtCommas(text)) {
+        const std::size_t dash = part.find('-');
+        const std::optional<int> first = parseCount(part.substr(0, dash), least, most);
+        const std::optional<int> last =
+            dash == part.npos ? first : parseCount(part.substr(dash + 1), least, most);
+        if (!first || !last || *first > *last)
+            return std::nullopt;
+        const std::optional<std::vector<int>> range = between(*first, *last);
+        if (!range)
+            return std::nullopt;
+        sizes.insert(sizes.end(), range->begin(), range->end());
+    }
+    std::ranges::sort(sizes);
+    sizes.erase(std::unique(sizes.begin(), sizes.end()), sizes.end());
+    return sizes;
+}
+
+bool isPowerOfTwo(int size)
+{
+    return std::has_single_bit(static_cast<unsigned>(size));
+}
+
+std::optional<std::vector<int>> sizesBetween(int first, int last)
+{
+    return allSizes(first, last);
+}
+
+std::optional<std::vector<int>> powersBetween(int first, int last)
+{
+    if (!isPowerOfTwo(first) || !isPowerOfTwo(last))
+        return std::nullopt;
+    return powersOfTwo(first, last);
+}
+
 } // namespace
 
 std::optional<int> parseCount(std::string_view text, int least, int most)
@@ -44,20 +86,12 @@ std::optional<int> parseCount(std::string_view text, int least, int most)
 
 std::optional<std::vector<int>> parseSizes(std::string_view text, int least, int most)
 {
-    std::vector<int> sizes;
-    for (const std::string_view part : splitAtCommas(text)) {
-        const std::size_t dash = part.find('-');
-        const std::optional<int> first = parseCount(part.substr(0, dash), least, most);
-        const std::optional<int> last =
-            dash == part.npos ? first : parseCount(part.substr(dash + 1), least, most);
-        if (!first || !last || *first > *last)
-            return std::nullopt;
-        const std::vector<int> range = allSizes(*first, *last);
-        sizes.insert(sizes.end(), range.begin(), range.end());
-    }
-    std::ranges::sort(sizes);
-    sizes.erase(std::unique(sizes.begin(), sizes.end()), sizes.end());
-    return sizes;
+    return parseList(text, least, most, sizesBetween);
+}
+
+std::optional<std::vector<int>> parsePowers(std::string_view text, int least, int most)
+{
+    return parseList(text, least, most, powersBetween);
 }
 
 std::optional<std::vector<double>> parseRatios(std::string_view text)
@@ -76,6 +110,14 @@ std::vector<int> allSizes(int least, int most)
 {
     std::vector<int> sizes(static_cast<std::size_t>(most - least + 1));
     std::iota(sizes.begin(), sizes.end(), least);
+    return sizes;
+}
+
+std::vector<int> powersOfTwo(int least, int most)
+{
+    std::vector<int> sizes;
+    for (int size = least; size <= most; size *= 2)
+        sizes.push_back(size);
     return sizes;
 }
 

@@ -49,7 +49,8 @@ bool choose(std::vector<Value>& field, Text name,
 
 constexpr std::array familyNames = {
     std::pair(Text("complex"), Family::Complex), std::pair(Text("real"), Family::Real),
-    std::pair(Text("hartley"), Family::Hartley), std::pair(Text("wht"), Family::Wht)};
+    std::pair(Text("hartley"), Family::Hartley), std::pair(Text("wht"), Family::Wht),
+    std::pair(Text("dct4"), Family::Dct4)};
 
 constexpr std::array precisionNames = {
     std::pair(Text("32fc"), Precision::Single), std::pair(Text("32f"), Precision::Single),
@@ -57,6 +58,8 @@ constexpr std::array precisionNames = {
 
 bool setQuick(Options& options, Text)
 {
+    options.quick = true;
+    options.sizes = powersOfTwo(smallestSize, largestQuickSize);
     options.repetitions = 7;
     options.seconds = 0.004;
     return true;
@@ -89,6 +92,11 @@ bool setOrders(Options& options, Text value)
     return take(options.orders, parseSizes(value, lowestOrder, highestOrder));
 }
 
+bool setSizes(Options& options, Text value)
+{
+    return take(options.sizes, parsePowers(value, smallestSize, largestSize));
+}
+
 bool setPrecision(Options& options, Text value)
 {
     return choose(options.precisions, value, precisionNames);
@@ -115,14 +123,17 @@ constexpr std::array<Family, 0> any = {};
 constexpr std::array lengths = {Family::Complex, Family::Real, Family::Hartley};
 constexpr std::array inverse = {Family::Complex, Family::Real};
 constexpr std::array orders = {Family::Wht};
+constexpr std::array sizes = {Family::Dct4};
 
-// --quick before --repetitions, which has the last word; --family before those that depend on it.
+// --quick before --sizes and --repetitions, which have the last word; --family before those that
+// depend on it.
 // clang-format off
-constexpr std::array<Option, 10> table = {{
-    {"--family",      any,     setFamily,    "complex, real, hartley or wht"},
+constexpr std::array<Option, 11> table = {{
+    {"--family",      any,     setFamily,    "complex, real, hartley, wht or dct4"},
     {"--quick",       any,     setQuick,     ""},
     {"--lengths",     lengths, setLengths,   "lengths from 2 to 64, as in 8 or 2-16 or 3,5,60-64"},
     {"--orders",      orders,  setOrders,    "orders from 1 to 13, as in 8 or 1-7 or 3,5,10-13"},
+    {"--sizes",       sizes,   setSizes,     "powers of two from 2 to 2^20, as in 8 or 2-64,256"},
     {"--precision",   any,     setPrecision, "32fc, 32f, 64fc or 64f"},
     {"--in-place",    any,     setInPlace,   ""},
     {"--inverse",     inverse, setInverse,   ""},
@@ -168,6 +179,7 @@ Options parseOptions(std::span<char* const> arguments)
     Options options;
     options.lengths = allSizes(shortestLength, longestLength);
     options.orders = allSizes(lowestOrder, highestOrder);
+    options.sizes = powersOfTwo(smallestSize, largestSize);
 
     for (const auto [option, value] : read(arguments)) {
         if (!option->set(options, value))

@@ -15,18 +15,24 @@ constexpr int shortestLength = 2; // of the DFTs and the Hartley transform
 constexpr int longestLength = 64;
 constexpr int lowestOrder = 1; // of the Walsh-Hadamard transform
 constexpr int highestOrder = 13;
+constexpr int smallestSize = 2; // of the DCT-IV, powers of two
+constexpr int largestSize = 1 << 20;
+constexpr int largestQuickSize = 1 << 15;
 
-// Complex DFT, real DFT, Hartley transform, Walsh-Hadamard transform.
-enum class Family { Complex, Real, Hartley, Wht };
+// Complex DFT, real DFT, Hartley transform, Walsh-Hadamard transform, DCT-IV.
+enum class Family { Complex, Real, Hartley, Wht, Dct4 };
 
 enum class Precision { Single, Double };      // elements 32fc and 32f, 64fc and 64f
 enum class Direction { Forward, Inverse };    // rvngDFTFwd_..., rvngDFTInv_...
 enum class Placement { OutOfPlace, InPlace }; // where the result goes: a second array or the first
 
 struct Options {
-    std::vector<Family> families = {Family::Complex, Family::Real, Family::Hartley, Family::Wht};
+    std::vector<Family> families = {Family::Complex, Family::Real, Family::Hartley, Family::Wht,
+                                    Family::Dct4};
     std::vector<int> lengths; // ascending
     std::vector<int> orders;  // ascending
+    std::vector<int> sizes;   // ascending
+    bool quick = false;
     std::vector<Precision> precisions = {Precision::Double, Precision::Single};
     Direction direction = Direction::Forward;
     Placement placement = Placement::OutOfPlace;

@@ -1,0 +1,148 @@
+// A row is a size N: what the contenders take, how this grows with N log2 N, how far ours is from
+// the limit of scalar code, how exact the contenders are and how long they plan.
+//
+// A contender that is wrong ends the run before it is timed.
+
+#include "dct4_series.h"
+
+#include "clock.h"
+#include "dct4_contenders.h"
+#include "dct4_limit.h"
+#include "dct4_reference.h"
+#include "input.h"
+#include "means.h"
+
+#include <algorithm>
+#include <cmath>
+#include <stdexcept>
+#include <type_traits>
+
+namespace rvn::bench
+{
+
+namespace
+{
+
+// Of the accuracy: about so many outputs.
+constexpr int outputsJudged = 4096;
+constexpr int mostTrials = 64;
+
+// Of a repetition, for each point. The largest sizes are called a few times in a row, so that they
+// find in the caches what they left there and not what another contender did.
+constexpr double secondsAPoint = 4e-8;
+
+// Where neither the call nor the caches decide.
+constexpr SizeRange middle = {.first = 64, .last = 2048};
+
+Layout layout()
+{
+    const Names names = dct4ContenderNames();
+    const Extra growth = {.title = "growth",
+                          .summary = "growth: nanoseconds over N log2 N",
+                          .key = "growth",
+                          .names = names,
+                          .printed = 1,
+                          .format = "%.3f",
+                          .meanName = "geometric mean",
+                          .mean = geometricMean};
+    const Extra limit = {.title = "over limit",
+                         .summary = "time over the limit of the ports",
+                         .key = "limit",
+                         .names = {names.front()},
+                         .printed = 1,
+                         .format = "%.2f",
+                         .meanName = "geometric mean",
+                         .mean = geometricMean};
+    const Extra error = {.title = "relative rms error",
+                         .summary = "relative rms error over all of them",
+                         .key = "error",
+                         .names = names,
+                         .printed = 2, // ours and that of FFTW scalar
+                         .format = "%.2e",
+                         .meanName = "rms",
+                         .mean = rootMeanSquare};
+    const Extra planning = {.title = "microseconds to plan",
+                            .summary = "microseconds to plan",
+                            .key = "planning",
+                            .names = names,
+                            .printed = 2,
+                            .format = "%.1f",
+                            .meanName = "geometric mean",
+                            .mean = geometricMean};
+    return {.size = "size",
+            .sizes = {{.name = "N", .width = 8}},
+            .contenders = names,
+            .firstPeer = 1,
+            .ranges = {middle},
+            .extras = {growth, limit, error, planning}};
+}
+
+template <typename Real>
+double errorOf(const Dct4Entrant<Real>& entrant, const Dct4Buffers<Real>& buffers, int size,
+               Placement placement)
+try {
+    const int trials = std::clamp(outputsJudged / size, 1, mostTrials);
+    return relativeRmsError<Real>(entrant.contender, entrant.draw, buffers.source,
+                                  buffers.destination(placement), trials);
+} catch (const std::runtime_error& failure) {
+    throw std::runtime_error(failure.what() + (" at size " + std::to_string(size)));
+}
+
+template <typename Real> Row measureSize(int size, const Options& options)
+{
+    const Dct4Buffers<Real> buffers(size, dct4PlanBytes<Real>(size));
+    std::vector<Contender> contenders;
+    std::vector<double> errors;
+    std::vector<double> planning;
+    for (const Dct4Entrant<Real>& entrant : dct4Entrants(buffers, size, options)) {
+        contenders.push_back(entrant.contender);
+        errors.push_back(errorOf(entrant, buffers, size, options.placement));
+        planning.push_back(entrant.planning);
+    }
+
+    fillForTiming<Real>(buffers.source, options.placement);
+    const double seconds = std::max(options.seconds, size * secondsAPoint);
+    const TimingsAndCycles found = measureInCycles(contenders, options.repetitions, seconds);
+    std::vector<double> growth;
+    for (const Timing& timing : found.timings)
+        growth.push_back(timing.nanoseconds / (size * std::log2(size)));
+    return {.sizes = {size},
+            .timings = found.timings,
+            .extras = {growth, {found.cycles / dct4LimitInCycles(size)}, errors, planning}};
+}
+
+template <typename Real> Series series(const Options& options)
+{
+    return {.name = std::is_same_v<Real, float> ? "DCT4_32f" : "DCT4_64f",
+            .layout = layout(),
+            .sizes = options.sizes,
+            .measure = [=](int size) { return measureSize<Real>(size, options); }};
+}
+
+} // namespace
+
+std::vector<std::string> dct4Method(const Options& options)
+{
+    const std::string effort =
+        options.quick
+            ? "FFTW_MEASURE"
+            : "FFTW_PATIENT to " + std::to_string(largestPatientSize) + ", FFTW_MEASURE beyond";
+    return {
+        "DCT-IV    ours: a plan in a block of the caller; FFTW: r2r of the kind FFTW_REDFT11, "
+        "input kept,",
+        "          " + effort + ", scalar: FFTW_NO_SIMD;",
+        "          growth: nanoseconds over N log2 N; limit: max(A/2, (A + M)/3) cycles for our A "
+        "additions and",
+        "          M multiplications, at the clock of the repetition; error: of a direct sum to " +
+            std::to_string(largestDirectDct4) + ",",
+        "          beyond of a fast transform, both in binary80; planning: ours the median of 7, "
+        "FFTW's once;",
+        "          repetitions of sizes from 2^18 are longer"};
+}
+
+Series dct4Series(const Options& options, Precision precision)
+{
+    return precision == Precision::Double ? series<double>(options) : series<float>(options);
+}
+
+} // namespace rvn::bench
