@@ -5,20 +5,15 @@
 // The program runs on recordings made here; what it writes is held against sums of products in
 // long double. CONVOLVE_PROGRAM is the program's path.
 #include "program_test.h"
+#include "wav_file.h"
 
 #include <gtest/gtest.h>
-#include <sndfile.h>
 
 #include <algorithm>
 #include <cmath>
-#include <cstdlib>
 #include <filesystem>
-#include <fstream>
 #include <numbers>
 #include <random>
-#include <regex>
-#include <sstream>
-#include <sys/stat.h>
 
 namespace
 {
@@ -92,11 +87,6 @@ double level(const Signal& filtered, std::size_t taps)
     return 10 * std::log10(power / static_cast<double>(filtered.size() - 2 * taps));
 }
 
-struct Recording {
-    SF_INFO info = {};
-    std::vector<Signal> channels;
-};
-
 class Convolve : public rvn::tests::ProgramTest
 {
 protected:
@@ -105,37 +95,7 @@ protected:
     void write(const std::string& name, const std::vector<Signal>& channels,
                int sampleRate = rate) const
     {
-        SF_INFO info = {};
-        info.samplerate = sampleRate;
-        info.channels = static_cast<int>(channels.size());
-        info.format = SF_FORMAT_WAV | SF_FORMAT_FLOAT;
-        SNDFILE* file = sf_open(path(name).c_str(), SFM_WRITE, &info);
-        ASSERT_NE(file, nullptr);
-        Signal interleaved;
-        for (std::size_t n = 0; n < channels[0].size(); ++n)
-            for (const Signal& channel : channels)
-                interleaved.push_back(channel[n]);
-        const auto count = static_cast<sf_count_t>(interleaved.size());
-        EXPECT_EQ(sf_write_float(file, interleaved.data(), count), count);
-        sf_close(file);
-    }
-
-    Recording read(const std::string& name) const
-    {
-        Recording recording;
-        SNDFILE* file = sf_open(path(name).c_str(), SFM_READ, &recording.info);
-        if (!file) {
-            ADD_FAILURE() << name << " cannot be read";
-            return {};
-        }
-        const auto channels = static_cast<std::size_t>(recording.info.channels);
-        recording.channels.resize(channels);
-        Signal interleaved(channels * static_cast<std::size_t>(recording.info.frames), NAN);
-        sf_readf_float(file, interleaved.data(), recording.info.frames);
-        for (std::size_t i = 0; i < interleaved.size(); ++i)
-            recording.channels[i % channels].push_back(interleaved[i]);
-        sf_close(file);
-        return recording;
+        rvn::tests::writeWav(path(name), channels, sampleRate);
     }
 
     // The channels that the program makes of these.
@@ -145,7 +105,7 @@ protected:
         result_ = run("in.wav -o out.wav " + arguments);
         EXPECT_EQ(result_.status, 0) << arguments << '\n' << result_.err;
         EXPECT_EQ(result_.err, "");
-        const Recording recording = read("out.wav");
+        const rvn::tests::Recording recording = rvn::tests::readWav(path("out.wav"));
         EXPECT_EQ(recording.info.samplerate, rate);
         EXPECT_EQ(recording.info.format, SF_FORMAT_WAV | SF_FORMAT_FLOAT);
         EXPECT_EQ(recording.channels.size(), channels.size());
@@ -297,9 +257,8 @@ TEST_F(Convolve, RefusesBadInputInOneLine)
     put("blank.txt", " \n");
     put("nothing.txt", "");
     fs::create_directory(path("folder"));
-    const struct {
-        const char *arguments, *words;
-    } cases[] = {
+    const std::string goodBefore = content("good.wav");
+    expectRefusals({
         {"--lowpass 1000 missing.wav", "no such file"},
         {"--lowpass 1000 'two\nlines.wav'", "no such file"},
         {"--lowpass 1000 folder", "directory"},
@@ -346,21 +305,7 @@ TEST_F(Convolve, RefusesBadInputInOneLine)
         {"--lowpass 1000 -o folder good.wav", "not a plain file"},
         {"--lowpass 1000 -o ./good.wav good.wav", "is the input"},
         {"--response good.wav -o good.wav stereo.wav", "is the response"},
-    };
-    const auto files = [&] { return std::distance(fs::directory_iterator(directory_), {}); };
-    run("--help"); // so that the files of the output exist
-    const auto filesBefore = files();
-    const std::string goodBefore = content("good.wav");
-    for (const auto& c : cases) {
-        SCOPED_TRACE(c.arguments);
-        const RunResult result = run(c.arguments);
-        EXPECT_TRUE(result.status == 1 || result.status == 2) << result.status;
-        EXPECT_EQ(result.out, "");
-        EXPECT_EQ(result.err.find("convolve: "), 0u) << result.err;
-        EXPECT_EQ(result.err.find('\n'), result.err.size() - 1) << result.err;
-        EXPECT_NE(result.err.find(c.words), std::string::npos) << result.err;
-        EXPECT_EQ(files(), filesBefore);
-    }
+    });
     EXPECT_EQ(content("good.wav"), goodBefore);
 }
 
@@ -373,7 +318,7 @@ TEST_F(Convolve, KeepsTheOldFileWhenTheNewOneFails)
     EXPECT_EQ(full.status, 1) << full.err;
     EXPECT_NE(full.err.find("cannot write 'out.wav'"), std::string::npos) << full.err;
     EXPECT_EQ(content("out.wav"), "old");
-    EXPECT_EQ(std::distance(fs::directory_iterator(directory_), {}), 4);
+    EXPECT_EQ(files(), 4);
 
     // The name by default; and the same samples make the same bytes.
     EXPECT_EQ(run("--lowpass 1000 -o out.wav good.wav").status, 0);
@@ -384,14 +329,7 @@ TEST_F(Convolve, KeepsTheOldFileWhenTheNewOneFails)
 
 TEST_F(Convolve, HelpsOnRequest)
 {
-    for (const char* option : {"--help", "-h"}) {
-        const RunResult result = run(option);
-        EXPECT_EQ(result.status, 0);
-        EXPECT_EQ(result.err, "");
-        EXPECT_EQ(result.out.find("Usage: convolve"), 0u);
-        for (const char* name : {"--lowpass", "--highpass", "--bandpass", "--taps", "--response"})
-            EXPECT_NE(result.out.find(name), std::string::npos);
-    }
+    expectHelp({"--lowpass", "--highpass", "--bandpass", "--taps", "--response"});
 }
 
 } // namespace

@@ -10,6 +10,7 @@
 #include <regex>
 #include <sstream>
 #include <string>
+#include <vector>
 
 #include <sys/wait.h>
 
@@ -29,6 +30,11 @@ struct RunResult {
         ADD_FAILURE() << pattern << " not found in\n" << out << err;
         return "nan";
     }
+};
+
+// A command line that a program refuses, and words of what it says then.
+struct Refusal {
+    const char *arguments, *words;
 };
 
 class ProgramTest : public testing::Test
@@ -64,6 +70,44 @@ protected:
         const int status = std::system(command.c_str());
         return {WIFEXITED(status) ? WEXITSTATUS(status) : -1, content("stdout.txt"),
                 content("stderr.txt")};
+    }
+
+    // Each of them ends in one line, with the program's name, and nothing is written.
+    void expectRefusals(const std::vector<Refusal>& refusals) const
+    {
+        const std::string name = std::filesystem::path(program_).filename();
+        put("stdout.txt", "");
+        put("stderr.txt", "");
+        const auto before = files();
+        for (const Refusal& refusal : refusals) {
+            SCOPED_TRACE(refusal.arguments);
+            const RunResult result = run(refusal.arguments);
+            EXPECT_TRUE(result.status == 1 || result.status == 2) << result.status;
+            EXPECT_EQ(result.out, "");
+            EXPECT_EQ(result.err.find(name + ": "), 0u) << result.err;
+            EXPECT_EQ(result.err.find('\n'), result.err.size() - 1) << result.err;
+            EXPECT_NE(result.err.find(refusal.words), std::string::npos) << result.err;
+            EXPECT_EQ(files(), before);
+        }
+    }
+
+    // The program's usage names all these options.
+    void expectHelp(const std::vector<std::string>& options) const
+    {
+        const std::string name = std::filesystem::path(program_).filename();
+        for (const char* option : {"--help", "-h"}) {
+            const RunResult result = run(option);
+            EXPECT_EQ(result.status, 0);
+            EXPECT_EQ(result.err, "");
+            EXPECT_EQ(result.out.find("Usage: " + name), 0u);
+            for (const std::string& wanted : options)
+                EXPECT_NE(result.out.find(wanted), std::string::npos) << wanted;
+        }
+    }
+
+    std::ptrdiff_t files() const
+    {
+        return std::distance(std::filesystem::directory_iterator(directory_), {});
     }
 
     std::filesystem::path directory_;

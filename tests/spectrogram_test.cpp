@@ -6,34 +6,34 @@
 #include "analysis.h"
 #include "colors.h"
 #include "font.h"
+#include "level_plot.h"
 #include "peaks.h"
-#include "picture.h"
 #include "ticks.h"
 
+#include "image_file.h"
 #include "program_test.h"
+#include "wav_file.h"
 
 #include <gtest/gtest.h>
-#include <png.h>
-#include <sndfile.h>
 
 #include <algorithm>
 #include <array>
 #include <cmath>
-#include <cstdlib>
 #include <filesystem>
 #include <fstream>
 #include <numbers>
 #include <random>
 #include <regex>
 #include <set>
-#include <sstream>
 #include <sys/stat.h>
 
 namespace
 {
 
+using namespace examples;
 using namespace spectrogram;
 namespace fs = std::filesystem;
+using rvn::tests::Image;
 using rvn::tests::RunResult;
 
 using Signal = std::vector<double>;
@@ -60,25 +60,6 @@ struct PeakRow {
     double frequency, binWidth, level;
 };
 
-struct Image {
-    int width = 0, height = 0;
-    std::vector<std::uint8_t> rgb;
-
-    int brightness(int x, int y) const
-    {
-        const auto pixel = 3 * static_cast<std::size_t>(y * width + x);
-        return rgb[pixel] + rgb[pixel + 1] + rgb[pixel + 2];
-    }
-    int brightestRow(Rectangle area, int x) const
-    {
-        int best = area.top;
-        for (int y = area.top; y < area.bottom(); ++y)
-            if (brightness(x, y) > brightness(x, best))
-                best = y;
-        return best;
-    }
-};
-
 class Spectrogram : public rvn::tests::ProgramTest
 {
 protected:
@@ -87,36 +68,13 @@ protected:
     void write(const std::string& name, const std::vector<Signal>& channels,
                int format = SF_FORMAT_FLOAT) const
     {
-        SF_INFO info = {};
-        info.samplerate = rate;
-        info.channels = static_cast<int>(channels.size());
-        info.format = SF_FORMAT_WAV | format;
-        SNDFILE* file = sf_open(path(name).c_str(), SFM_WRITE, &info);
-        ASSERT_NE(file, nullptr);
-        Signal interleaved;
-        for (std::size_t n = 0; n < channels[0].size(); ++n)
-            for (const Signal& channel : channels)
-                interleaved.push_back(channel[n]);
-        const auto count = static_cast<sf_count_t>(channels[0].size());
-        EXPECT_EQ(sf_writef_double(file, interleaved.data(), count), count);
-        sf_close(file);
+        rvn::tests::writeWav(path(name), channels, rate, format);
     }
 
     // Reads a picture back, and expects the size that was announced.
     Image picture(const std::string& name, const RunResult& result) const
     {
-        png_image png = {};
-        png.version = PNG_IMAGE_VERSION;
-        Image image;
-        if (!png_image_begin_read_from_file(&png, path(name).c_str())) {
-            ADD_FAILURE() << name << ": " << png.message;
-            return image;
-        }
-        png.format = PNG_FORMAT_RGB;
-        image.width = static_cast<int>(png.width);
-        image.height = static_cast<int>(png.height);
-        image.rgb.resize(PNG_IMAGE_SIZE(png));
-        EXPECT_TRUE(png_image_finish_read(&png, nullptr, image.rgb.data(), 0, nullptr));
+        const Image image = rvn::tests::readImage(path(name));
         const std::string announced = name + ", " + std::to_string(image.width) + " x " +
                                       std::to_string(image.height) + " pixels";
         EXPECT_NE(result.out.find(announced), std::string::npos) << result.out;
@@ -441,9 +399,8 @@ TEST_F(Spectrogram, RefusesBadInputInOneLine)
     std::ofstream(path("text.wav")) << "This is no audio.\n";
     fs::create_directory(path("folder"));
     ASSERT_EQ(mkfifo(path("pipe").c_str(), 0600), 0);
-    const struct {
-        const char *arguments, *words;
-    } cases[] = {
+    const std::string goodBefore = content("good.wav");
+    expectRefusals({
         {"missing.wav", "no such file"},
         {"'two\nlines.wav'", "no such file"},
         {"folder", "directory"},
@@ -472,22 +429,7 @@ TEST_F(Spectrogram, RefusesBadInputInOneLine)
         {"-o folder good.wav", "not a plain file"},
         {"-o pipe good.wav", "not a plain file"},
         {"-o good.wav good.wav", "is the input"},
-    };
-    const auto files = [&] { return std::distance(fs::directory_iterator(directory_), {}); };
-    run("--help"); // so that the files of the output exist
-    const auto filesBefore = files();
-    const std::string goodBefore = content("good.wav");
-    for (const auto& c : cases) {
-        SCOPED_TRACE(c.arguments);
-        const RunResult result = run(c.arguments);
-        EXPECT_TRUE(result.status == 1 || result.status == 2) << result.status;
-        EXPECT_EQ(result.out, "");
-        EXPECT_EQ(result.err.find("spectrogram: "), 0u) << result.err;
-        EXPECT_EQ(std::ranges::count(result.err, '\n'), 1) << result.err;
-        EXPECT_EQ(result.err.find('\n'), result.err.size() - 1) << result.err;
-        EXPECT_NE(result.err.find(c.words), std::string::npos) << result.err;
-        EXPECT_EQ(files(), filesBefore);
-    }
+    });
     EXPECT_EQ(content("good.wav"), goodBefore);
 }
 
@@ -511,21 +453,14 @@ TEST_F(Spectrogram, KeepsTheOldPictureWhenTheNewOneFails)
     EXPECT_EQ(full.status, 1) << full.err;
     EXPECT_NE(full.err.find("cannot write 'out.png'"), std::string::npos) << full.err;
     EXPECT_EQ(content("out.png"), "old");
-    EXPECT_EQ(std::distance(fs::directory_iterator(directory_), {}), 4);
+    EXPECT_EQ(files(), 4);
     EXPECT_EQ(run("-o out.png good.wav").status, 0);
     EXPECT_NE(content("out.png"), "old");
 }
 
 TEST_F(Spectrogram, HelpsOnRequest)
 {
-    for (const char* option : {"--help", "-h"}) {
-        const RunResult result = run(option);
-        EXPECT_EQ(result.status, 0);
-        EXPECT_EQ(result.err, "");
-        EXPECT_EQ(result.out.find("Usage: spectrogram"), 0u);
-        for (const char* name : {"--length", "--hop", "--output", "--iq"})
-            EXPECT_NE(result.out.find(name), std::string::npos);
-    }
+    expectHelp({"--length", "--hop", "--output", "--iq"});
 }
 
 } // namespace

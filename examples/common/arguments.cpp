@@ -21,6 +21,17 @@ int wholeNumber(std::string_view name, std::string_view text, int least, int mos
     return value;
 }
 
+double shareOf(std::string_view text)
+{
+    double share = 0;
+    const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), share);
+    const bool isNumber = error == std::errc() && end == text.data() + text.size();
+    if (!isNumber || !(share > 0 && share <= 1))
+        throw UsageFailure("the share must be a number above 0 and up to 1, not '" +
+                           std::string(text) + "'");
+    return share;
+}
+
 std::string offendingOption(char** argv)
 {
     if (optopt > 0 && optopt < firstLongOption)

@@ -15,6 +15,10 @@ constexpr int firstLongOption = 256;
 // is, for anything else and for numbers out of range.
 int wholeNumber(std::string_view name, std::string_view text, int least, int most);
 
+// The share that an option's text stands for, a number above 0 and up to 1; throws UsageFailure for
+// anything else.
+double shareOf(std::string_view text);
+
 // The option getopt_long stumbled over, as the user wrote it.
 std::string offendingOption(char** argv);
 

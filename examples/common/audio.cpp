@@ -36,15 +36,16 @@ void AudioFile::Close::operator()(SNDFILE* file) const
     sf_close(file);
 }
 
-AudioFile::AudioFile(const std::string& path) : path_(path)
+AudioFile::AudioFile(const std::string& path, int mostChannels) : path_(path)
 {
     SF_INFO info = {};
     file_.reset(sf_open(path.c_str(), SFM_READ, &info));
     if (!file_)
         throw Failure("'" + path + "': " + openError(path));
-    if (info.channels > 2)
+    if (info.channels > mostChannels)
         throw Failure("'" + path + "': " + std::to_string(info.channels) +
-                      " channels; only mono and stereo are understood");
+                      " channels; no more than " + std::to_string(mostChannels) +
+                      " are understood");
     if (info.frames <= 0)
         throw Failure("'" + path + "': holds no samples");
     sampleRate_ = info.samplerate;

@@ -15,8 +15,8 @@ namespace examples
 class AudioFile
 {
 public:
-    // Throws Failure unless the file is audio, mono or stereo, with at least one sample.
-    explicit AudioFile(const std::string& path);
+    // Throws Failure unless the file is audio with at least one sample and with no more channels.
+    explicit AudioFile(const std::string& path, int mostChannels = 2);
 
     int sampleRate() const { return sampleRate_; }
     int channels() const { return channels_; }

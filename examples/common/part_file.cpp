@@ -66,4 +66,11 @@ void PartFile::fail(const std::string& reason) const
     refuse(path_, errno != 0 ? std::strerror(errno) : reason);
 }
 
+void expectOtherFile(const std::string& output, const std::string& input, const char* words)
+{
+    std::error_code ignored;
+    if (fs::equivalent(output, input, ignored))
+        throw Failure("'" + output + "' " + words);
+}
+
 } // namespace examples

@@ -3,27 +3,30 @@
 
 #include "failure.h"
 
+#include <algorithm>
 #include <cctype>
 #include <cstdio>
 #include <new>
-#include <string>
 
 namespace examples
 {
 namespace
 {
 
-// File names may hold line feeds; the message stays one line.
-int complain(const char* name, std::string message, int status)
+int complain(const char* name, const std::string& message, int status)
 {
-    for (char& character : message)
-        if (std::iscntrl(static_cast<unsigned char>(character)))
-            character = '?';
-    std::fprintf(stderr, "%s: %s\n", name, message.c_str());
+    std::fprintf(stderr, "%s: %s\n", name, printable(message).c_str());
     return status;
 }
 
 } // namespace
+
+std::string printable(std::string text)
+{
+    std::ranges::replace_if(
+        text, [](unsigned char character) { return std::iscntrl(character) != 0; }, '?');
+    return text;
+}
 
 int runProgram(const char* name, int argc, char** argv, void (*run)(int argc, char** argv))
 {

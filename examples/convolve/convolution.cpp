@@ -11,30 +11,25 @@
 // spectra then returns to the cyclic convolution itself.
 #include "convolution.h"
 
-#include "failure.h"
+#include "status.h"
 
 #include <algorithm>
 #include <array>
 #include <chrono>
 #include <cstddef>
 #include <rvngenmx.h>
-#include <string>
 
 namespace convolve
 {
 namespace
 {
 
+using examples::check;
+
 constexpr std::size_t N = transformLength;
 constexpr std::size_t half = blockLength;
 
 constexpr std::size_t batchBlocks = 256; // between two looks at the clock
-
-void check(RvnStatus status)
-{
-    if (status != RvnStatusNoError)
-        throw examples::Failure("the transform failed with status " + std::to_string(status));
-}
 
 void forward(const float* samples, float* spectrum)
 {

@@ -7,8 +7,8 @@
 // fault.
 #include "comparison.h"
 #include "convolution.h"
-#include "failure.h"
 #include "options.h"
+#include "part_file.h"
 #include "program.h"
 #include "report.h"
 #include "response.h"
@@ -16,21 +16,11 @@
 #include "sound.h"
 
 #include <cstdio>
-#include <filesystem>
 
 namespace
 {
 
 using namespace convolve;
-
-// Refuses to write over what was read.
-void expectNewFile(const std::string& output, const std::string& input, const char* what)
-{
-    std::error_code ignored;
-    if (std::filesystem::equivalent(input, output, ignored))
-        throw examples::Failure("'" + output + "' is the " + what +
-                                "; the filtered recording needs another name");
-}
 
 void run(int argc, char** argv)
 {
@@ -39,15 +29,17 @@ void run(int argc, char** argv)
         std::fputs(usageText(), stdout);
         return;
     }
-    const Sound sound = readSound(options.input);
-    expectNewFile(options.output, options.input, "input");
-    expectNewFile(options.output, options.responseFile, "response");
+    const examples::Sound sound = examples::readSound(options.input);
+    examples::expectOtherFile(options.output, options.input,
+                              "is the input; the filtered recording needs another name");
+    examples::expectOtherFile(options.output, options.responseFile,
+                              "is the response; the filtered recording needs another name");
     const std::vector<float> response =
         options.responseFile.empty() ? designResponse(options.band, options.taps, sound.sampleRate)
                                      : readResponse(options.responseFile, sound.sampleRate);
 
     Convolver convolver(response);
-    Sound filtered = {sound.sampleRate, {}};
+    examples::Sound filtered = {sound.sampleRate, {}};
     Distance distance;
     for (const std::vector<float>& channel : sound.channels) {
         filtered.channels.push_back(convolver.convolve(channel));
@@ -55,7 +47,9 @@ void run(int argc, char** argv)
         expectClose(its);
         distance = farther(distance, its);
     }
-    writeSound(options.output, filtered);
+    examples::PartFile file(options.output);
+    writeSound(file, filtered);
+    file.commit();
     printReport(options, sound, response, filtered, convolver.use(), distance);
 }
 

@@ -1,6 +1,8 @@
 // report.cpp - one line a fact.
 #include "report.h"
 
+#include "program.h"
+
 #include <algorithm>
 #include <cmath>
 #include <cstdio>
@@ -15,7 +17,7 @@ void printResponse(const Options& options, std::size_t taps)
     const std::size_t partitions = partitionsOf(taps);
     std::printf("response     ");
     if (!options.responseFile.empty())
-        std::printf("%s", options.responseFile.c_str());
+        std::printf("%s", examples::printable(options.responseFile).c_str());
     else if (options.band.low == 0)
         std::printf("low-pass to %g Hz", options.band.high);
     else if (std::isinf(options.band.high))
@@ -28,12 +30,14 @@ void printResponse(const Options& options, std::size_t taps)
 
 } // namespace
 
-void printReport(const Options& options, const Sound& sound, std::span<const float> response,
-                 const Sound& filtered, const Use& use, Distance distance)
+void printReport(const Options& options, const examples::Sound& sound,
+                 std::span<const float> response, const examples::Sound& filtered, const Use& use,
+                 Distance distance)
 {
     const double seconds = static_cast<double>(sound.samples()) / sound.sampleRate;
-    std::printf("audio        %s: %d Hz, %zu samples, %.3f s, %zu %s\n", options.input.c_str(),
-                sound.sampleRate, sound.samples(), seconds, sound.channels.size(),
+    std::printf("audio        %s: %d Hz, %zu samples, %.3f s, %zu %s\n",
+                examples::printable(options.input).c_str(), sound.sampleRate, sound.samples(),
+                seconds, sound.channels.size(),
                 sound.channels.size() == 1 ? "channel" : "channels");
     printResponse(options, response.size());
     std::printf("speed        %.3g million samples per second (%lld samples and %lld transforms in "
@@ -47,8 +51,8 @@ void printReport(const Options& options, const Sound& sound, std::span<const flo
                 distance.relative);
     std::printf("             %.2e relative to the input's scale; %.0f %% of the output compared\n",
                 distance.ofInput, 100 * distance.share);
-    std::printf("filtered     %s, %zu samples of 32-bit float\n", options.output.c_str(),
-                filtered.samples());
+    std::printf("filtered     %s, %zu samples of 32-bit float\n",
+                examples::printable(options.output).c_str(), filtered.samples());
 }
 
 } // namespace convolve

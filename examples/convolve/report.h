@@ -13,8 +13,9 @@ namespace convolve
 {
 
 // Prints on standard output what was done.
-void printReport(const Options& options, const Sound& sound, std::span<const float> response,
-                 const Sound& filtered, const Use& use, Distance distance);
+void printReport(const Options& options, const examples::Sound& sound,
+                 std::span<const float> response, const examples::Sound& filtered, const Use& use,
+                 Distance distance);
 
 } // namespace convolve
 

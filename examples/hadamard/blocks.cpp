@@ -1,13 +1,12 @@
 // blocks.cpp - rows, transposition, rows; the only file that calls the library.
 #include "blocks.h"
 
-#include "failure.h"
+#include "status.h"
 
 #include <algorithm>
 #include <chrono>
 #include <cstddef>
 #include <rvngenmx.h>
-#include <string>
 #include <utility>
 #include <vector>
 
@@ -16,15 +15,11 @@ namespace hadamard
 namespace
 {
 
+using examples::check;
+
 // Values that are worked on at a time, some blocks or one: they stay in the cache between the two
 // passes, and the clock is read seldom.
 constexpr std::size_t batchSize = std::size_t{1} << 14;
-
-void check(RvnStatus status)
-{
-    if (status != RvnStatusNoError)
-        throw examples::Failure("the transform failed with status " + std::to_string(status));
-}
 
 class RowTransform
 {

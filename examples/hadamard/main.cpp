@@ -5,8 +5,8 @@
 // Exit status: 0 done, 1 the files are at fault, 2 the command line is at fault.
 #include "blocks.h"
 #include "comparison.h"
-#include "failure.h"
 #include "options.h"
+#include "part_file.h"
 #include "planes.h"
 #include "png_input.h"
 #include "png_output.h"
@@ -15,7 +15,6 @@
 #include "selection.h"
 
 #include <cstdio>
-#include <filesystem>
 
 namespace
 {
@@ -30,14 +29,12 @@ void run(int argc, char** argv)
         return;
     }
     const Picture original = readPng(options.input);
-    std::error_code ignored;
-    if (std::filesystem::equivalent(options.input, options.output, ignored))
-        throw examples::Failure("'" + options.output +
-                                "' is the input; the rebuilt picture needs another name");
+    examples::expectOtherFile(options.output, options.input,
+                              "is the input; the rebuilt picture needs another name");
 
     Planes planes = splitPicture(original, options.order);
     KernelUse use = transformBlocks(planes.values, options.order);
-    const Selection selection = keepLargest(planes.values, options.share);
+    const examples::Selection selection = examples::keepLargest(planes.values, options.share);
     use += transformBlocks(planes.values, options.order); // its own inverse
     const Picture rebuilt = joinPlanes(planes, original);
 

@@ -5,10 +5,8 @@
 #include "arguments.h"
 #include "failure.h"
 
-#include <charconv>
 #include <filesystem>
 #include <getopt.h>
-#include <string_view>
 
 namespace hadamard
 {
@@ -29,17 +27,6 @@ constexpr option longOptions[] = {
     {nullptr, 0, nullptr, 0},
 };
 
-double parseShare(std::string_view text)
-{
-    double share = 0;
-    const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), share);
-    const bool isNumber = error == std::errc() && end == text.data() + text.size();
-    if (!isNumber || !(share > 0 && share <= 1))
-        throw UsageFailure("the share must be a number above 0 and up to 1, not '" +
-                           std::string(text) + "'");
-    return share;
-}
-
 } // namespace
 
 Options parseOptions(int argc, char** argv)
@@ -53,7 +40,7 @@ Options parseOptions(int argc, char** argv)
                 examples::wholeNumber("the order of a block", optarg, lowestOrder, highestOrder);
             break;
         case 'k':
-            options.share = parseShare(optarg);
+            options.share = examples::shareOf(optarg);
             break;
         case 'o':
             options.output = optarg;

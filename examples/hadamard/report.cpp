@@ -1,6 +1,8 @@
 // report.cpp - one line a fact.
 #include "report.h"
 
+#include "program.h"
+
 #include <algorithm>
 #include <cstdio>
 
@@ -8,12 +10,14 @@ namespace hadamard
 {
 
 void printReport(const Options& options, const Picture& picture, const Layout& layout,
-                 const Selection& selection, const Comparison& comparison, const KernelUse& use)
+                 const examples::Selection& selection, const Comparison& comparison,
+                 const KernelUse& use)
 {
     const int length = 1 << layout.order;
-    std::printf("picture        %s: %d x %d pixels, %d-bit %s%s\n", options.input.c_str(),
-                picture.width, picture.height, picture.depth,
-                picture.colors() == 1 ? "grey" : "colour", picture.hasAlpha() ? " and alpha" : "");
+    std::printf("picture        %s: %d x %d pixels, %d-bit %s%s\n",
+                examples::printable(options.input).c_str(), picture.width, picture.height,
+                picture.depth, picture.colors() == 1 ? "grey" : "colour",
+                picture.hasAlpha() ? " and alpha" : "");
     std::printf("blocks         %d x %d pixels (order %d), %d across and %d down, %s\n", length,
                 length, layout.order, layout.across, layout.down,
                 layout.planes == 1 ? "one plane" : "luma and two of chroma");
@@ -30,7 +34,7 @@ void printReport(const Options& options, const Picture& picture, const Layout& l
                 "back, in %.3g ms)\n",
                 static_cast<double>(use.transforms) / std::max(use.seconds, 1e-9) / 1e6,
                 static_cast<long long>(use.transforms), length, use.seconds * 1e3);
-    std::printf("rebuilt        %s\n", options.output.c_str());
+    std::printf("rebuilt        %s\n", examples::printable(options.output).c_str());
 }
 
 } // namespace hadamard

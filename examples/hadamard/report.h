@@ -13,7 +13,8 @@ namespace hadamard
 
 // Prints one line a fact on standard output.
 void printReport(const Options& options, const Picture& picture, const Layout& layout,
-                 const Selection& selection, const Comparison& comparison, const KernelUse& use);
+                 const examples::Selection& selection, const Comparison& comparison,
+                 const KernelUse& use);
 
 } // namespace hadamard
 

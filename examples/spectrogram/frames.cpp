@@ -2,18 +2,18 @@
 // real transform, whose CCS layout is the spectrum's bins 0 to N/2 as pairs.
 #include "frames.h"
 
-#include "failure.h"
+#include "status.h"
 
 #include <cmath>
 #include <numbers>
 #include <rvngenmx.h>
-#include <string>
 
 namespace spectrogram
 {
 namespace
 {
 
+using examples::check;
 using std::numbers::pi;
 
 // The response of a frame without a window: the mean of cos(2 pi x (n - (N - 1) / 2) / N).
@@ -34,12 +34,6 @@ const Rvn32fc* pairs(const float* values)
 Rvn32fc* pairs(float* values)
 {
     return reinterpret_cast<Rvn32fc*>(values);
-}
-
-void check(RvnStatus status)
-{
-    if (status != RvnStatusNoError)
-        throw examples::Failure("the transform failed with status " + std::to_string(status));
 }
 
 } // namespace

@@ -5,8 +5,9 @@
 // Exit status: 0 done, 1 the files are at fault, 2 the command line is at fault.
 #include "analysis.h"
 #include "audio.h"
-#include "failure.h"
+#include "level_plot.h"
 #include "options.h"
+#include "part_file.h"
 #include "picture.h"
 #include "png_file.h"
 #include "program.h"
@@ -28,15 +29,15 @@ void run(int argc, char** argv)
         return;
     }
     examples::AudioFile file(options.input);
-    std::error_code ignored;
-    if (std::filesystem::equivalent(options.input, options.output, ignored))
-        throw examples::Failure("'" + options.output +
-                                "' is the input; the picture needs another name");
+    examples::expectOtherFile(options.output, options.input,
+                              "is the input; the picture needs another name");
 
-    const Analysis analysis = analyse(file, options, plotWidth);
+    const Analysis analysis = analyse(file, options, examples::plotWidth);
     const std::string title = std::filesystem::path(options.input).filename().string();
-    const Canvas picture = drawPicture(analysis, title);
-    writePng(options.output, picture);
+    const examples::Canvas picture = drawPicture(analysis, title);
+    examples::PartFile pictureFile(options.output);
+    writePng(pictureFile, picture);
+    pictureFile.commit();
     printReport(options, analysis, picture);
 }
 

@@ -2,10 +2,10 @@
 #include "report.h"
 
 #include "peaks.h"
+#include "program.h"
 #include "ticks.h"
 
 #include <algorithm>
-#include <cctype>
 #include <cmath>
 #include <cstdio>
 #include <string>
@@ -16,14 +16,6 @@ namespace
 {
 
 constexpr int mostPeaks = 5;
-
-// File names may hold line feeds and the like; a fact stays one line.
-std::string printable(std::string name)
-{
-    std::ranges::replace_if(
-        name, [](unsigned char character) { return std::iscntrl(character) != 0; }, '?');
-    return name;
-}
 
 // Frequencies are printed to a hundredth of a bin or better.
 int frequencyDecimals(double binWidth)
@@ -50,12 +42,12 @@ void printPeaks(const Analysis& analysis)
 
 } // namespace
 
-void printReport(const Options& options, const Analysis& analysis, const Canvas& picture)
+void printReport(const Options& options, const Analysis& analysis, const examples::Canvas& picture)
 {
     const double seconds = static_cast<double>(analysis.samples) / analysis.sampleRate;
-    const Unit unit = timeUnit(seconds);
+    const examples::Unit unit = examples::timeUnit(seconds);
     std::printf("audio        %s: %d Hz, %lld samples, %.3f %s, %zu %s\n",
-                printable(options.input).c_str(), analysis.sampleRate,
+                examples::printable(options.input).c_str(), analysis.sampleRate,
                 static_cast<long long>(analysis.samples), seconds / unit.size, unit.name,
                 analysis.panels.size(),
                 analysis.shape.iq             ? "complex signal"
@@ -74,7 +66,7 @@ void printReport(const Options& options, const Analysis& analysis, const Canvas&
         analysis.forwardSeconds * 1e3);
     std::printf("round trip   relative rms error %.2e, forward and inverse\n",
                 analysis.roundTripError);
-    std::printf("picture      %s, %d x %d pixels\n", printable(options.output).c_str(),
+    std::printf("picture      %s, %d x %d pixels\n", examples::printable(options.output).c_str(),
                 picture.width(), picture.height());
 }
 

@@ -9,7 +9,7 @@ namespace spectrogram
 {
 
 // Prints the analysis on standard output.
-void printReport(const Options& options, const Analysis& analysis, const Canvas& picture);
+void printReport(const Options& options, const Analysis& analysis, const examples::Canvas& picture);
 
 } // namespace spectrogram
 

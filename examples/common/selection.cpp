@@ -6,7 +6,7 @@
 #include <functional>
 #include <vector>
 
-namespace hadamard
+namespace examples
 {
 
 Selection keepLargest(std::span<float> coefficients, double share)
@@ -33,4 +33,4 @@ Selection keepLargest(std::span<float> coefficients, double share)
     return {kept, total, smallest};
 }
 
-} // namespace hadamard
+} // namespace examples

@@ -2,8 +2,6 @@
 #include "sound.h"
 
 #include "audio.h"
-#include "failure.h"
-#include "part_file.h"
 
 #include <algorithm>
 #include <cmath>
@@ -12,7 +10,7 @@
 #include <sndfile.h>
 #include <span>
 
-namespace convolve
+namespace examples
 {
 namespace
 {
@@ -33,9 +31,9 @@ float Sound::peak() const
     return largest;
 }
 
-Sound readSound(const std::string& path)
+Sound readSound(const std::string& path, int mostChannels)
 {
-    examples::AudioFile file(path);
+    AudioFile file(path, mostChannels);
     const auto channels = static_cast<std::size_t>(file.channels());
     Sound sound = {file.sampleRate(), std::vector<std::vector<float>>(channels)};
     std::vector<float> batch;
@@ -50,13 +48,12 @@ Sound readSound(const std::string& path)
     return sound;
 }
 
-void writeSound(const std::string& path, const Sound& sound)
+void writeSound(PartFile& part, const Sound& sound)
 {
     const std::size_t channels = sound.channels.size();
     if (sound.samples() > largestWav / (sizeof(float) * channels))
-        throw examples::Failure("cannot write '" + path + "': longer than a WAV file can be");
+        part.fail("longer than a WAV file can be");
 
-    examples::PartFile part(path);
     SF_INFO info = {};
     info.samplerate = sound.sampleRate;
     info.channels = static_cast<int>(channels);
@@ -83,7 +80,6 @@ void writeSound(const std::string& path, const Sound& sound)
     sf_write_sync(file.get());
     if (sf_close(file.release()) != 0)
         part.fail("the file could not be closed");
-    part.commit();
 }
 
-} // namespace convolve
+} // namespace examples

@@ -1,16 +1,16 @@
 // colors.h - the colours of levels.
-#ifndef SPECTROGRAM_COLORS_H
-#define SPECTROGRAM_COLORS_H
+#ifndef EXAMPLES_COLORS_H
+#define EXAMPLES_COLORS_H
 
 #include "canvas.h"
 
-namespace spectrogram
+namespace examples
 {
 
 // From 0, the weakest, to 1, the strongest: black, blue, purple, red, orange, yellow, white, ever
 // brighter, so that the picture survives a print without colour.
 Color levelColor(double level);
 
-} // namespace spectrogram
+} // namespace examples
 
 #endif

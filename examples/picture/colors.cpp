@@ -5,7 +5,7 @@
 #include <cmath>
 #include <iterator>
 
-namespace spectrogram
+namespace examples
 {
 namespace
 {
@@ -34,4 +34,4 @@ Color levelColor(double level)
             between(a.blue, b.blue, part)};
 }
 
-} // namespace spectrogram
+} // namespace examples

@@ -5,7 +5,7 @@
 #include <cmath>
 #include <cstdio>
 
-namespace spectrogram
+namespace examples
 {
 namespace
 {
@@ -71,4 +71,4 @@ std::string fixedText(double value, int decimals)
     return text;
 }
 
-} // namespace spectrogram
+} // namespace examples

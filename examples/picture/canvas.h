@@ -1,13 +1,13 @@
 // canvas.h - pixels to draw on: points, rectangles and text, all clipped at the edges.
-#ifndef SPECTROGRAM_CANVAS_H
-#define SPECTROGRAM_CANVAS_H
+#ifndef EXAMPLES_CANVAS_H
+#define EXAMPLES_CANVAS_H
 
 #include <cstdint>
 #include <span>
 #include <string_view>
 #include <vector>
 
-namespace spectrogram
+namespace examples
 {
 
 struct Color {
@@ -50,6 +50,6 @@ private:
 // Pixels a text is long.
 int textWidth(std::string_view text);
 
-} // namespace spectrogram
+} // namespace examples
 
 #endif

@@ -2,7 +2,7 @@
 // five pixels wide with a blank column after it. The seventh row stands on the baseline.
 #include "font.h"
 
-namespace spectrogram
+namespace examples
 {
 namespace
 {
@@ -106,4 +106,4 @@ bool glyphPixel(char character, int x, int y)
     return row[glyph % glyphsOfStrip * glyphAdvance + x] == '#';
 }
 
-} // namespace spectrogram
+} // namespace examples

@@ -1,11 +1,11 @@
 // selection.h - dropping the small coefficients.
-#ifndef HADAMARD_SELECTION_H
-#define HADAMARD_SELECTION_H
+#ifndef EXAMPLES_SELECTION_H
+#define EXAMPLES_SELECTION_H
 
 #include <cstddef>
 #include <span>
 
-namespace hadamard
+namespace examples
 {
 
 struct Selection {
@@ -18,6 +18,6 @@ struct Selection {
 // is kept to the nearest coefficient, and one stays at least; of equal ones the first.
 Selection keepLargest(std::span<float> coefficients, double share);
 
-} // namespace hadamard
+} // namespace examples
 
 #endif

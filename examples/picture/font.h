@@ -1,8 +1,8 @@
-// font.h - a small bitmap font, made for this program.
-#ifndef SPECTROGRAM_FONT_H
-#define SPECTROGRAM_FONT_H
+// font.h - a small bitmap font, made for these programs.
+#ifndef EXAMPLES_FONT_H
+#define EXAMPLES_FONT_H
 
-namespace spectrogram
+namespace examples
 {
 
 constexpr int glyphWidth = 5;
@@ -13,6 +13,6 @@ constexpr int glyphAdvance = 6; // from one character to the next
 // other than printable ASCII look like a question mark.
 bool glyphPixel(char character, int x, int y);
 
-} // namespace spectrogram
+} // namespace examples
 
 #endif

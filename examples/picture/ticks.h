@@ -1,11 +1,11 @@
 // ticks.h - round numbers on an axis, and the unit that keeps them short.
-#ifndef SPECTROGRAM_TICKS_H
-#define SPECTROGRAM_TICKS_H
+#ifndef EXAMPLES_TICKS_H
+#define EXAMPLES_TICKS_H
 
 #include <string>
 #include <vector>
 
-namespace spectrogram
+namespace examples
 {
 
 struct Unit {
@@ -29,6 +29,6 @@ Ticks roundTicks(double low, double high, int most);
 // A number with a fixed count of decimals.
 std::string fixedText(double value, int decimals);
 
-} // namespace spectrogram
+} // namespace examples
 
 #endif

@@ -3,7 +3,7 @@
 
 #include "font.h"
 
-namespace spectrogram
+namespace examples
 {
 namespace
 {
@@ -82,4 +82,4 @@ int textWidth(std::string_view text)
     return text.empty() ? 0 : (advances - (glyphAdvance - glyphWidth)) * textScale;
 }
 
-} // namespace spectrogram
+} // namespace examples

@@ -1,16 +1,13 @@
 // png_file.cpp - the picture's bytes through libpng's simplified interface.
 #include "png_file.h"
 
-#include "part_file.h"
-
 #include <png.h>
 
-namespace spectrogram
+namespace examples
 {
 
-void writePng(const std::string& path, const Canvas& canvas)
+void writePng(PartFile& file, const Canvas& canvas)
 {
-    examples::PartFile file(path);
     png_image image = {};
     image.version = PNG_IMAGE_VERSION;
     image.width = static_cast<png_uint_32>(canvas.width());
@@ -18,7 +15,8 @@ void writePng(const std::string& path, const Canvas& canvas)
     image.format = PNG_FORMAT_RGB;
     if (!png_image_write_to_stdio(&image, file.stream(), 0, canvas.rgb().data(), 0, nullptr))
         file.fail(image.message);
-    file.commit();
+    if (std::fflush(file.stream()) != 0)
+        file.fail("the file could not be written");
 }
 
-} // namespace spectrogram
+} // namespace examples

@@ -1,0 +1,29 @@
+// sound.h - a recording in memory, read from any audio file and written as WAV.
+#ifndef EXAMPLES_SOUND_H
+#define EXAMPLES_SOUND_H
+
+#include "part_file.h"
+
+#include <string>
+#include <vector>
+
+namespace examples
+{
+
+struct Sound {
+    int sampleRate = 0;
+    std::vector<std::vector<float>> channels; // one or more, equally long
+
+    std::size_t samples() const { return channels.front().size(); } // of each channel
+    float peak() const;                                             // the largest magnitude
+};
+
+// Throws Failure unless the file is audio of finite samples, with no more channels than given.
+Sound readSound(const std::string& path, int mostChannels = 2);
+
+// Fills a WAV file of 32-bit floats, which is left to be committed; throws Failure when that fails.
+void writeSound(PartFile& part, const Sound& sound);
+
+} // namespace examples
+
+#endif
