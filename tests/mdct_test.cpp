@@ -1,0 +1,294 @@
+// mdct_test.cpp - the mdct example does its job on real files: all coefficients rebuild a recording
+// but for rounding, a share of them rebuilds what the definition makes of it, the picture shows
+// what was kept, and bad input is refused in one line.
+//
+// MDCT_PROGRAM is the program's path.
+#include "colors.h"
+#include "level_plot.h"
+
+#include "image_file.h"
+#include "program_test.h"
+#include "wav_file.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <cmath>
+#include <filesystem>
+#include <functional>
+#include <numbers>
+#include <random>
+#include <string>
+#include <vector>
+
+namespace
+{
+
+namespace fs = std::filesystem;
+using rvn::tests::RunResult;
+using std::numbers::pi;
+
+using Signal = std::vector<float>;
+using Exact = std::vector<double>;
+
+constexpr int rate = 48000;
+
+Signal noise(std::size_t samples, unsigned seed, float amplitude = 0.5f)
+{
+    std::minstd_rand generator(seed + 1);
+    Signal signal(samples);
+    for (float& sample : signal)
+        sample = std::uniform_real_distribution(-amplitude, amplitude)(generator);
+    return signal;
+}
+
+Exact sineWindow(int N)
+{
+    Exact window;
+    for (int n = 0; n < 2 * N; ++n)
+        window.push_back(std::sin(pi * (n + 0.5) / (2 * N)));
+    return window;
+}
+
+// I0 as the sum of (x/2)^2k / k!^2
+Exact kaiserBesselWindow(int N)
+{
+    Exact sums = {0}, window;
+    for (int n = 0; n <= N; ++n) {
+        const double square = 16 * pi * pi * n * (N - n) / (1.0 * N * N); // (x/2)^2
+        double term = 1, value = 0;
+        for (int k = 1; k < 60; ++k) {
+            value += term;
+            term *= square / k / k;
+        }
+        sums.push_back(sums.back() + value);
+    }
+    for (int n = 0; n < 2 * N; ++n)
+        window.push_back(
+            std::sqrt(sums[static_cast<std::size_t>(std::min(n + 1, 2 * N - n))] / sums.back()));
+    return window;
+}
+
+// Each frame's basis functions, as they lie in the signal: calls visit(coefficient, sample, value).
+template <typename Visit> void visitBasis(std::size_t samples, const Exact& window, Visit visit)
+{
+    const std::size_t N = window.size() / 2;
+    for (std::size_t t = 0; t * N < samples + N; ++t)
+        for (std::size_t k = 0; k < N; ++k)
+            for (std::size_t n = 0; n < 2 * N; ++n) {
+                const std::size_t sample = t * N + n; // counted from a hop before the signal
+                if (sample < N || sample >= samples + N)
+                    continue;
+                const double angle = pi / static_cast<double>(N) *
+                                     (static_cast<double>(n + N / 2) + 0.5) *
+                                     (static_cast<double>(k) + 0.5);
+                visit(t * N + k, sample - N,
+                      std::sqrt(2.0 / static_cast<double>(N)) * window[n] * std::cos(angle));
+            }
+}
+
+// The channels made of the strongest coefficients, so many in all.
+std::vector<Exact> rebuilt(const std::vector<Signal>& channels, const Exact& window,
+                           std::size_t kept)
+{
+    const std::size_t samples = channels[0].size();
+    std::vector<Exact> spectra, results;
+    Exact magnitudes;
+    for (const Signal& channel : channels) {
+        Exact& spectrum = spectra.emplace_back(samples + 2 * window.size());
+        visitBasis(samples, window, [&](std::size_t i, std::size_t n, double value) {
+            spectrum[i] += value * channel[n];
+        });
+        for (const double coefficient : spectrum)
+            magnitudes.push_back(std::abs(coefficient));
+    }
+    std::ranges::sort(magnitudes, std::greater<>());
+    for (const Exact& spectrum : spectra) {
+        Exact& result = results.emplace_back(samples);
+        visitBasis(samples, window, [&](std::size_t i, std::size_t n, double value) {
+            if (std::abs(spectrum[i]) >= magnitudes[kept - 1])
+                result[n] += value * spectrum[i];
+        });
+    }
+    return results;
+}
+
+double signalToNoise(const std::vector<Signal>& original, const std::vector<Signal>& result)
+{
+    double signal = 0, noise = 0;
+    for (std::size_t i = 0; i < original.size(); ++i)
+        for (std::size_t n = 0; n < original[i].size(); ++n) {
+            signal += std::pow(original[i][n], 2.0);
+            noise += std::pow(static_cast<double>(original[i][n]) - result.at(i).at(n), 2);
+        }
+    return 10 * std::log10(signal / noise);
+}
+
+class Mdct : public rvn::tests::ProgramTest
+{
+protected:
+    Mdct() : ProgramTest(MDCT_PROGRAM) {}
+
+    void write(const std::string& name, const std::vector<Signal>& channels) const
+    {
+        rvn::tests::writeWav(path(name), channels, rate);
+    }
+
+    std::vector<Signal> rebuild(const std::vector<Signal>& channels, const std::string& arguments)
+    {
+        write("in.wav", channels);
+        result_ = run("in.wav -o out.wav -p out.png " + arguments);
+        EXPECT_EQ(result_.status, 0) << arguments << '\n' << result_.err;
+        EXPECT_EQ(result_.err, "");
+        const rvn::tests::Recording recording = rvn::tests::readWav(path("out.wav"));
+        EXPECT_EQ(recording.info.samplerate, rate);
+        EXPECT_EQ(recording.info.format, SF_FORMAT_WAV | SF_FORMAT_FLOAT);
+        EXPECT_EQ(recording.channels.size(), channels.size());
+        return recording.channels;
+    }
+
+    double printed(const std::string& what) const { return std::stod(result_.found(what)); }
+
+    RunResult result_;
+};
+
+TEST_F(Mdct, RebuildsWhatTheDefinitionMakesOfTheStrongest)
+{
+    const struct {
+        const char *name, *window, *share;
+        Exact values;
+        std::size_t channels, kept;
+    } cases[] = {
+        {"sine", "sine", "0.25", sineWindow(64), 2, 544},
+        {"kbd", "Kaiser-Bessel-derived", "0.03", kaiserBesselWindow(64), 3, 98},
+        {"kbd", "Kaiser-Bessel-derived", "1e-9", kaiserBesselWindow(64), 1, 1},
+    };
+    for (const auto& c : cases) {
+        SCOPED_TRACE(testing::Message() << c.name << ", " << c.share);
+        std::vector<Signal> channels;
+        for (unsigned i = 0; i < c.channels; ++i)
+            channels.push_back(noise(1000, i, 1.0f / static_cast<float>(1 + i)));
+        const std::vector<Signal> output =
+            rebuild(channels, std::string("-n 64 -w ") + c.name + " -k " + c.share);
+        const std::vector<Exact> exact = rebuilt(channels, c.values, c.kept);
+        for (std::size_t i = 0; i < c.channels; ++i)
+            for (std::size_t n = 0; n < 1000; ++n)
+                ASSERT_NEAR(output.at(i).at(n), exact[i][n], 2e-6) << i << ' ' << n;
+        EXPECT_EQ(result_.found("frames +(.*)"),
+                  std::string("17 of 128 samples, ") + c.window + " window, hop 64");
+        EXPECT_EQ(result_.found("kept +([0-9]+ of [0-9]+)"),
+                  std::to_string(c.kept) + " of " + std::to_string(c.channels * 17 * 64));
+        EXPECT_NEAR(printed("SNR +([^ ]+) dB"), signalToNoise(channels, output), 0.006);
+        EXPECT_GT(printed("([^ ]+) dB from all"), 125);
+        EXPECT_GT(printed("speed +([0-9]+) frames per second"), 0);
+    }
+}
+
+TEST_F(Mdct, RebuildsAnyLengthFromAllCoefficients)
+{
+    for (const std::size_t hop : {64, 512, 1024, 32768})
+        for (const std::size_t samples : {std::size_t{1}, hop - 1, hop, hop + 1, 3 * hop + 7}) {
+            SCOPED_TRACE(testing::Message() << samples << " samples, hop " << hop);
+            const std::vector<Signal> channels = {noise(samples, 1), noise(samples, 2, 1e15f)};
+            const std::vector<Signal> output = rebuild(channels, "-k 1 -n " + std::to_string(hop));
+            EXPECT_GT(signalToNoise(channels, output), 125);
+            EXPECT_EQ(output.at(0).size(), samples);
+            EXPECT_EQ(result_.found("frames +([0-9]+)"),
+                      std::to_string((samples + hop - 1) / hop + 1));
+        }
+    EXPECT_EQ(rebuild({Signal(100)}, "").at(0), Signal(100));
+    EXPECT_EQ(result_.found("SNR +([a-z]+)"), "infinite");
+}
+
+// A tone in the last quarter of the left channel, with noise that is too weak to be kept.
+TEST_F(Mdct, DrawsWhatWasKeptAtItsPlace)
+{
+    constexpr std::size_t samples = 200000; // four frames a pixel
+    constexpr double bin = 16.5;
+    Signal left = noise(samples, 1, 1e-3f);
+    for (std::size_t n = samples * 3 / 4; n < samples; ++n)
+        left[n] += static_cast<float>(0.5 * std::sin(pi / 64 * bin * static_cast<double>(n)));
+    rebuild({left, Signal(samples)}, "-n 64 -k 0.005");
+    const rvn::tests::Image image = rvn::tests::readImage(path("out.png"));
+    ASSERT_EQ(image.width, examples::pictureWidth);
+    EXPECT_EQ(result_.found("out.png, (.*) pixels"), "1000 x " + std::to_string(image.height));
+
+    const auto brightness = [](double level) { // the tone is below 0 dB, where the scale ends
+        const examples::Color color = examples::levelColor(1 + level / examples::legendRange);
+        return color.red + color.green + color.blue;
+    };
+    const examples::Rectangle area = examples::panelArea(2, 0), other = examples::panelArea(2, 1);
+    const int row = area.bottom() - static_cast<int>(bin / 64 * area.height);
+    for (const int percent : {77, 90, 98}) {
+        const int x = area.left + area.width * percent / 100;
+        EXPECT_NEAR(image.brightestRow(area, x), row, 3);
+        EXPECT_GT(image.brightness(x, row), brightness(-6.02 - 3.5)); // by the tone's phase
+        EXPECT_LE(image.brightness(x, row), brightness(-6));
+        EXPECT_EQ(image.brightness(x, area.top + 3), brightness(-80));
+        EXPECT_EQ(image.brightness(x, other.bottom() - area.bottom() + row), brightness(-80));
+    }
+    EXPECT_EQ(image.brightness(area.left + area.width * 73 / 100, row), brightness(-80));
+}
+
+TEST_F(Mdct, RefusesBadInputInOneLine)
+{
+    write("good.wav", {noise(500, 1)});
+    write("nine.wav", std::vector<Signal>(9, noise(5, 1)));
+    write("empty.wav", {Signal()});
+    write("nan.wav", {Signal(500, NAN)});
+    write("faint.wav", {noise(500, 1, 2e-43f)}); // where binary32 has few digits left
+    put("text.wav", "This is no audio.\n");
+    fs::create_directory(path("folder"));
+    const std::string goodBefore = content("good.wav");
+    expectRefusals({
+        {"missing.wav", "no such file"},
+        {"folder", "directory"},
+        {"text.wav", "cannot be read as audio"},
+        {"empty.wav", "no samples"},
+        {"nan.wav", "not finite"},
+        {"nine.wav", "9 channels; no more than 8"},
+        {"faint.wav", "120 dB is due"},
+        {"-n 32 good.wav", "from 64 to 32768, not '32'"},
+        {"-n 65536 good.wav", "from 64 to 32768"},
+        {"-n 1025 good.wav", "power of two, not 1025"},
+        {"-n many good.wav", "not 'many'"},
+        {"-k 0 good.wav", "share"},
+        {"-k 1.5 good.wav", "share"},
+        {"-k nan good.wav", "share"},
+        {"-w hann good.wav", "sine or kbd, not 'hann'"},
+        {"--frobnicate good.wav", "unknown option '--frobnicate'"},
+        {"good.wav -k", "'-k' needs a value"},
+        {"good.wav nine.wav", "one input file"},
+        {"", "no input file"},
+        {"-o '' good.wav", "recording is empty"},
+        {"-p '' good.wav", "picture is empty"},
+        {"-o nowhere/out.wav good.wav", "cannot write 'nowhere/out.wav'"},
+        {"-p nowhere/out.png good.wav", "cannot write 'nowhere/out.png'"},
+        {"-p folder good.wav", "not a plain file"},
+        {"-o ./good.wav good.wav", "is the input; the rebuilt"},
+        {"-p ./good.wav good.wav", "is the input; the picture"},
+        {"-o same -p ./same good.wav", "cannot write './same'"},
+    });
+    EXPECT_EQ(content("good.wav"), goodBefore);
+    expectHelp({"--hop", "--keep", "--window", "--output", "--picture"});
+}
+
+TEST_F(Mdct, KeepsBothOldFilesWhenOneOfTheNewFails)
+{
+    write("good.wav", {noise(300, 1)});
+    put("good.mdct.wav", "old");
+    put("good.mdct.png", "old");
+    // A limit on the size of files stops the picture half-way, after the recording.
+    const RunResult full = run("good.wav", "trap '' XFSZ; ulimit -f 4;");
+    EXPECT_EQ(full.status, 1);
+    EXPECT_NE(full.err.find("cannot write 'good.mdct.png'"), std::string::npos) << full.err;
+    EXPECT_EQ(content("good.mdct.wav"), "old");
+    EXPECT_EQ(content("good.mdct.png"), "old");
+    EXPECT_EQ(files(), 5);
+    EXPECT_EQ(run("good.wav").status, 0);
+    EXPECT_NE(content("good.mdct.wav"), "old");
+    EXPECT_NE(content("good.mdct.png"), "old");
+    EXPECT_EQ(files(), 5);
+}
+
+} // namespace
