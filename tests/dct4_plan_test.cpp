@@ -1,0 +1,202 @@
+// A plan's block: which sizes are served and with how many bytes, where the handle lies in a block
+// of any alignment, that nothing outside the block is touched, and what a refusal leaves behind.
+
+#include "dct4_kernels.h"
+#include "guarded_memory.h"
+
+#include <algorithm>
+#include <bit>
+#include <climits>
+
+namespace rvn::tests
+{
+
+namespace
+{
+
+template <typename Real> class Dct4Blocks : public ::testing::Test
+{
+protected:
+    static constexpr bool isDouble = std::is_same_v<Real, double>;
+    static constexpr std::int32_t untouched = -4711;
+
+    // Of the query, or `untouched` when it refuses.
+    static std::int32_t bytesOf(std::int32_t size)
+    {
+        std::int32_t bytes = untouched;
+        const RvnStatus status = Dct4<Real>::getSize(size, &bytes);
+        EXPECT_EQ(status, bytes == untouched ? RvnStatusSizeError : RvnStatusNoError) << size;
+        return bytes;
+    }
+};
+
+TYPED_TEST_SUITE(Dct4Blocks, Reals);
+
+struct Bytes {
+    int asked;
+    int taken; // with 64 for what precedes the first object
+};
+
+struct BytesOfSize {
+    int size;
+    Bytes narrow;
+    Bytes wide;
+};
+
+// The figures are part of the interface: callers may have them in their own tables.
+constexpr BytesOfSize byteTable[] = {
+    {2, {256, 256}, {256, 256}},
+    {4, {256, 256}, {256, 256}},
+    {8, {256, 256}, {256, 256}},
+    {16, {256, 256}, {256, 256}},
+    {32, {256, 256}, {256, 256}},
+    {9, {864, 768}, {928, 832}},
+    {17, {928, 832}, {1056, 960}},
+    {33, {1056, 960}, {1312, 1216}},
+    {64, {1280, 1184}, {1792, 1696}},
+    {65, {1312, 1216}, {1824, 1728}},
+    {128, {1792, 1696}, {2816, 2720}},
+    {256, {2816, 2720}, {4864, 4768}},
+    {512, {4864, 4768}, {8960, 8864}},
+    {1024, {8960, 8864}, {17152, 17056}},
+    {1025, {8992, 8896}, {17184, 17088}},
+    {2048, {17152, 17056}, {33536, 33440}},
+    {4096, {35264, 35008}, {68992, 68736}},
+    {8192, {69056, 68800}, {136576, 136320}},
+    {16384, {136576, 136320}, {271616, 271360}},
+    {32768, {271744, 271488}, {541952, 541696}},
+    {65536, {541952, 541696}, {1082368, 1082112}},
+    {131072, {1084096, 1083680}, {2165888, 2165472}},
+    {1048576, {8657024, 8656608}, {17311744, 17311328}},
+};
+
+TYPED_TEST(Dct4Blocks, TheQueryTellsAndThePlanTakesTheBytesOfTheTable)
+{
+    for (const auto& [size, narrow, wide] : byteTable) {
+        const Bytes& bytes = this->isDouble ? wide : narrow;
+        Dct4Plan<TypeParam> plan(size);
+        EXPECT_EQ(plan.bytes(), static_cast<std::size_t>(bytes.asked)) << size;
+        EXPECT_EQ(cursorOf(plan.block()) - firstOfArena(plan.block()) + 64, bytes.taken) << size;
+    }
+}
+
+bool isServed(int size)
+{
+    const auto isPower = [](int value) {
+        return value > 1 && std::has_single_bit(static_cast<unsigned>(value));
+    };
+    return isPower(size) || (size > 8 && isPower(size - 1));
+}
+
+// The query and the initialiser agree; one block serves plan after plan, and after a refusal.
+TYPED_TEST(Dct4Blocks, PowersOfTwoAreServedAndFrom9OnTheirUpperNeighbours)
+{
+    std::vector<std::byte> block(1 << 15);
+    for (int size = -8; size <= 1026; ++size) {
+        typename Dct4<TypeParam>::Spec* spec = nullptr;
+        const RvnStatus status = Dct4<TypeParam>::init(&spec, size, block.data());
+        EXPECT_EQ(status, isServed(size) ? RvnStatusNoError : RvnStatusSizeError) << size;
+        EXPECT_EQ(spec != nullptr, isServed(size)) << size;
+        EXPECT_EQ(this->bytesOf(size) != this->untouched, isServed(size)) << size;
+    }
+    for (const int size : {INT_MIN, INT_MIN + 1, -(1 << 20), 3 << 15, (1 << 17) + 2, INT_MAX})
+        EXPECT_EQ(this->bytesOf(size), this->untouched) << size;
+}
+
+// Byte counts are formed modulo 2^32: a negative one is a refusal, and a positive one is believed.
+TYPED_TEST(Dct4Blocks, SizesWhoseBytesLeave32BitsAreNotGuarded)
+{
+    const int largest = this->isDouble ? 1 << 26 : 1 << 27;
+    const int doubled = 2 * static_cast<int>(sizeof(TypeParam));
+    EXPECT_GT(this->bytesOf(largest), largest * doubled);
+    EXPECT_EQ(this->bytesOf(2 * largest), this->untouched);
+    EXPECT_EQ(this->bytesOf(4 * largest), this->untouched);
+    for (long size = 8L * largest; size <= 1 << 30; size *= 2) {
+        const int bytes = this->bytesOf(static_cast<int>(size));
+        EXPECT_NE(bytes, this->untouched) << size;
+        EXPECT_LT(bytes, size * doubled) << size;
+    }
+}
+
+constexpr int sizesOfEveryKind[] = {2, 32, 9, 64, 65, 2048, 4096, 4097, 16384, 32768, 131072};
+
+// Against a page that may not be touched at either end, then a byte at a time between canaries.
+TYPED_TEST(Dct4Blocks, NothingOutsideTheBlockIsTouchedWhateverItsAlignment)
+{
+    constexpr std::byte canary{0x5a};
+    for (const int size : sizesOfEveryKind) {
+        const int bytes = this->bytesOf(size);
+        const auto x = randomParts<TypeParam>(size + 1, 3);
+        std::vector<TypeParam> X(size + 1);
+        std::vector<TypeParam> first;
+        const auto planAndRun = [&](std::byte* block) {
+            typename Dct4<TypeParam>::Spec* spec = nullptr;
+            ASSERT_EQ(Dct4<TypeParam>::init(&spec, size, block), RvnStatusNoError) << size;
+            EXPECT_EQ(reinterpret_cast<std::byte*>(spec), firstOfArena(block)) << size;
+            EXPECT_LE(cursorOf(block), block + bytes) << size;
+            ASSERT_EQ(Dct4<TypeParam>::run(x.data(), X.data(), spec), RvnStatusNoError);
+            if (first.empty())
+                first = X;
+            EXPECT_TRUE(haveSameBits(X, first)) << size;
+        };
+        const GuardedMemory memory(bytes + 192);
+        planAndRun(memory.place(bytes, true));
+        planAndRun(memory.place(bytes, false));
+        const int step = size > 4097 ? 21 : 1;
+        for (int alignment = 0; alignment < 64; alignment += step) {
+            std::byte* const block = memory.first() + 64 + alignment;
+            std::byte* const end = memory.first() + memory.size();
+            std::fill(memory.first(), end, canary);
+            planAndRun(block);
+            const auto isCanary = [](std::byte value) { return value == canary; };
+            EXPECT_TRUE(std::all_of(memory.first(), block, isCanary)) << size << " " << alignment;
+            EXPECT_TRUE(std::all_of(block + bytes, end, isCanary)) << size << " " << alignment;
+        }
+    }
+}
+
+// A plan that fails gives back arrays that it never took.
+TYPED_TEST(Dct4Blocks, ARefusedPlanEndsWithItsCursorTooLow)
+{
+    const struct {
+        int size, narrow, wide;
+    } cases[] = {{6, 32, 64}, {7, 32, 64}, {12, 64 + 32, 96 + 64}, {96, 480, 928}};
+    for (const auto& [size, narrow, wide] : cases) {
+        alignas(32) std::array<std::byte, 4096> block = {};
+        typename Dct4<TypeParam>::Spec* spec = nullptr;
+        EXPECT_EQ(Dct4<TypeParam>::init(&spec, size, block.data()), RvnStatusSizeError) << size;
+        EXPECT_EQ(spec, nullptr) << size;
+        EXPECT_EQ(firstOfArena(block.data()) - cursorOf(block.data()),
+                  this->isDouble ? wide : narrow)
+            << size;
+    }
+}
+
+TYPED_TEST(Dct4Blocks, NullPointersAreRefusedFirst)
+{
+    using D = Dct4<TypeParam>;
+    std::vector<std::byte> block(this->bytesOf(64), std::byte{0x5a});
+    const auto before = block;
+    typename D::Spec* spec = nullptr;
+    for (const int size : {64, 3}) {
+        EXPECT_EQ(D::init(nullptr, size, block.data()), RvnStatusNullPointer);
+        EXPECT_EQ(D::init(&spec, size, nullptr), RvnStatusNullPointer);
+        EXPECT_EQ(D::initAlloc(nullptr, size), RvnStatusNullPointer);
+    }
+    EXPECT_EQ(D::free(nullptr), RvnStatusNullPointer);
+    EXPECT_EQ(spec, nullptr);
+    EXPECT_EQ(block, before);
+
+    ASSERT_EQ(D::init(&spec, 64, block.data()), RvnStatusNoError);
+    const auto planned = block;
+    const GuardedMemory memory(1);
+    auto* const array = memory.untouchable<TypeParam>();
+    EXPECT_EQ(D::run(nullptr, array, spec), RvnStatusNullPointer);
+    EXPECT_EQ(D::run(array, nullptr, spec), RvnStatusNullPointer);
+    EXPECT_EQ(D::run(array, array, nullptr), RvnStatusNullPointer);
+    EXPECT_EQ(block, planned);
+}
+
+} // namespace
+
+} // namespace rvn::tests
