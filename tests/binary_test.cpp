@@ -1,6 +1,7 @@
 // The built library is what it claims to be: straight-line scalar kernels that do the planned
-// operations and nothing else, dispatchers of one comparison and one indexed jump, and a file that
-// exports what the header declares and needs nothing beyond librvncore and the C library.
+// operations and nothing else, dispatchers of one comparison and one indexed jump, an engine that
+// hides its parts, and a file that exports what the header declares and needs nothing beyond
+// librvncore and the C library.
 //
 // It reads the machine code and the tables of the file, so it belongs to optimised builds.
 // LIBRARY, HEADER and PREPROCESSOR are paths; OBJECT_LIST names a file listing the object files.
@@ -8,6 +9,7 @@
 #include "real_kernels.h"
 #include "wht_kernels.h"
 
+#include "dct4/plans.h"
 #include "dft_complex/plans.h"
 #include "dft_real/plans.h"
 #include "hartley/plans.h"
@@ -178,9 +180,47 @@ TEST(Binary, KernelsDoThePlannedOperationsInOneStraightLine)
     }
 }
 
-// Nothing in the file but what is exported and the toolchain's start-up code, so that no kernel has
-// a helper, and no packed arithmetic anywhere.
-TEST(Binary, TheFileHoldsScalarExportedFunctionsOnly)
+// The functions of a body of the DCT-IV in both precisions, copies for special strides included.
+std::vector<NamedCode> bodiesOf(const std::string& body)
+{
+    const std::regex form("owngDCT4_(32|64)f_" + body + "([^0-9].*)?");
+    std::vector<NamedCode> bodies;
+    for (const auto& [name, code] : functions())
+        if (std::regex_match(name, form))
+            bodies.push_back({name, code, {}});
+    EXPECT_GE(bodies.size(), 2u) << body;
+    return bodies;
+}
+
+std::string nameOfBody(const dct4::BodyPlan& plan)
+{
+    static const std::string kinds[] = {"direct_", "odd_", "topRow_", "innerRow_"};
+    return kinds[static_cast<int>(plan.kind)] + std::to_string(plan.size);
+}
+
+TEST(Binary, BodiesDoTheOperationsOfTheirRowInTheElementType)
+{
+    for (const dct4::BodyPlan& plan : dct4::bodyPlans)
+        for (const auto& [name, code, unused] : bodiesOf(nameOfBody(plan))) {
+            const std::string type = name.starts_with("owngDCT4_32f") ? "ss" : "sd";
+            const auto count = [&code](const std::string& form) {
+                return std::ranges::count_if(code, [&](const Instruction& instruction) {
+                    return std::regex_match(instruction.mnemonic, std::regex(form));
+                });
+            };
+            EXPECT_EQ(count("mul" + type), plan.multiplications) << name;
+            EXPECT_EQ(count("add" + type), plan.additions) << name;
+            EXPECT_EQ(count("sub" + type), plan.subtractions) << name;
+            EXPECT_EQ(count("(add|sub|mul|div|sqrt)[sp][sd]"),
+                      plan.multiplications + plan.additions + plan.subtractions)
+                << name;
+            EXPECT_EQ(count("v.*|cvt.*|call.*"), 0) << name;
+        }
+}
+
+// Nothing in the file but what is exported, the engine of the DCT-IV and what the toolchain adds,
+// and no packed arithmetic anywhere.
+TEST(Binary, TheFileHoldsScalarFunctionsOfTheLibraryOnly)
 {
     const std::set<std::string> startUp = {"_init",
                                            "_fini",
@@ -188,9 +228,10 @@ TEST(Binary, TheFileHoldsScalarExportedFunctionsOnly)
                                            "register_tm_clones",
                                            "__do_global_dtors_aux",
                                            "frame_dummy"};
+    const std::regex ours("(rvng|owngDCT4_|EnvList_|divisorsIntNonTriv|_ZN).*");
     for (const auto& [name, code] : functions()) {
         const bool isLinkage = name.find("@plt") != std::string::npos;
-        EXPECT_TRUE(name.starts_with("rvng") || startUp.contains(name) || isLinkage) << name;
+        EXPECT_TRUE(std::regex_match(name, ours) || startUp.contains(name) || isLinkage) << name;
         EXPECT_EQ(std::ranges::count_if(code, isPacked), 0) << name;
     }
 }
@@ -258,7 +299,7 @@ TEST(Binary, FramesStayBelow8KiB)
             }
 
     // The compiler's own account beside every object file.
-    const std::regex row(R"(.*\b(rvng\w+)\(.*\t(\d+)\t(\w+))");
+    const std::regex row(R"(.*\b((?:rvng|owng)\w+)\(.*\t(\d+)\t(\w+))");
     std::set<std::string> accounted;
     std::ifstream objects(OBJECT_LIST);
     for (std::string object; std::getline(objects, object);) {
@@ -276,6 +317,10 @@ TEST(Binary, FramesStayBelow8KiB)
         EXPECT_TRUE(accounted.contains(kernel.name)) << kernel.name;
     for (const auto& kernel : everyWhtKernel<double>())
         EXPECT_TRUE(accounted.contains(kernel.name)) << kernel.name;
+    for (const dct4::BodyPlan& plan : dct4::bodyPlans)
+        for (const std::string precision : {"32f_", "64f_"})
+            EXPECT_TRUE(accounted.contains("owngDCT4_" + precision + nameOfBody(plan)))
+                << nameOfBody(plan);
 }
 
 TEST(Binary, DispatchersAreOneComparisonAndOneIndexedJump)
@@ -306,11 +351,38 @@ TEST(Binary, ExportsAreExactlyTheHeadersDeclarations)
              ++name)
             declared.insert((*name)[1]);
     std::set<std::string> exported;
-    for (const std::string& line : linesOf("nm -D --defined-only '" LIBRARY "'"))
-        if (!line.empty())
-            exported.insert(line.substr(line.rfind(' ') + 1));
+    for (const std::string& line : linesOf("nm -D --defined-only '" LIBRARY "'")) {
+        EXPECT_NE(line.find(" T "), line.npos) << line;
+        exported.insert(line.substr(line.rfind(' ') + 1));
+    }
     EXPECT_EQ(exported, declared);
-    EXPECT_EQ(exported.size(), 4u * 64 + 12 * 64 + 2 * 64 + 2 * 14 + 2 + 1);
+    EXPECT_EQ(exported.size(), 4u * 64 + 12 * 64 + 2 * 64 + 2 * 14 + 2 + 1 + 2 * 5);
+}
+
+TEST(Binary, TheEngineOfTheDct4IsHiddenUnderItsDocumentedNames)
+{
+    std::set<std::string> expected = {
+        "EnvList___init__",     "EnvList___del__",   "EnvList_add",     "EnvList_add_mem",
+        "EnvList_freeChildren", "EnvList_get",       "rvngArenaMalloc", "rvngArenaFree",
+        "rvngAlignSize32Bytes", "divisorsIntNonTriv"};
+    const std::map<std::string, std::string> operations = {
+        {"env1", "plan mem compute"}, {"env2", "plan compute"}, {"env3", "plan mem compute"},
+        {"env4", "plan mem"},         {"env6", "plan compute"}, {"env7", "plan mem compute"},
+        {"envlambda", "at"},          {"envfCompose", "at"}};
+    for (const std::string precision : {"32f", "64f"}) {
+        expected.insert({"rvngCosPi_" + precision, "rvngSinPi_" + precision});
+        for (const auto& [object, names] : operations) {
+            std::istringstream all("__init__ __del__ " + names);
+            for (std::string operation; all >> operation;)
+                expected.insert("owngDCT4_" + precision + "_" + object + "_" + operation);
+        }
+    }
+    std::set<std::string> hidden;
+    for (const std::string& line : linesOf("nm '" LIBRARY "'"))
+        if (line.find(" t ") != line.npos)
+            hidden.insert(line.substr(line.rfind(' ') + 1));
+    for (const std::string& name : expected)
+        EXPECT_TRUE(hidden.contains(name)) << name;
 }
 
 TEST(Binary, TheFileNeedsNothingAndKeepsNoState)
@@ -320,6 +392,7 @@ TEST(Binary, TheFileNeedsNothingAndKeepsNoState)
     for (const std::string& line : linesOf("readelf -dW '" LIBRARY "'")) {
         dynamic << line << "\n";
         EXPECT_TRUE(line.find("(NEEDED)") == line.npos || line.find("[libc.so.6]") != line.npos ||
+                    line.find("[libm.so.6]") != line.npos ||
                     line.find("[librvncore.so]") != line.npos)
             << line;
     }
@@ -328,16 +401,20 @@ TEST(Binary, TheFileNeedsNothingAndKeepsNoState)
 
     EXPECT_NE(dynamic.str().find("Library runpath: [$ORIGIN]"), std::string::npos);
 
-    // The weak references of the toolchain's startup code, and work memory.
+    // Beyond the weak references of the toolchain's startup code: work memory, and the functions
+    // that tables are filled with.
+    std::set<std::string> imported;
+    const std::regex reference(R"( +U (\w+)(@.*)?)");
+    std::smatch match;
     for (const std::string& line : linesOf("nm -D --undefined-only '" LIBRARY "'"))
-        EXPECT_TRUE(line.empty() || line.find(" w ") != line.npos ||
-                    line.ends_with(" U rvnMalloc") || line.ends_with(" U rvnFree"))
-            << line;
+        if (std::regex_match(line, match, reference))
+            imported.insert(match[1]);
+    EXPECT_EQ(imported,
+              (std::set<std::string>{"cos", "cosf", "rvnFree", "rvnMalloc", "sin", "sinf"}));
 
     // Startup code and its one flag: the toolchain's eight bytes in each section, none of ours.
     const std::regex section(R"(.*\] (\.\w+)\s+\w+\s+[0-9a-f]+ [0-9a-f]+ ([0-9a-f]+) .*)");
     std::map<std::string, int> sizes;
-    std::smatch match;
     for (const std::string& line : linesOf("readelf -SW '" LIBRARY "'"))
         if (std::regex_match(line, match, section))
             sizes[match[1]] = std::stoi(match[2], nullptr, 16);
