@@ -10,7 +10,8 @@
 
 extern "C" {
 
-struct Arena {
+// Packed, since a caller's block may have any alignment.
+struct __attribute__((packed)) Arena {
     std::uintptr_t cursor;
 };
 
