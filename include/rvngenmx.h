@@ -43,7 +43,8 @@
  *               arithmetic raises the status flags of IEEE-754 like any other.
  *
  *   Stack       A kernel uses its stack frame and nothing else, at most 8 KiB in the optimised
- *               build. (Walsh-Hadamard orders 8 to 13 also use work memory; see there.)
+ *               build. (Walsh-Hadamard orders 8 to 13 also use work memory; see there.) A DCT-IV of
+ *               8192 points or more uses up to 40 KiB.
  *
  * The scale factor S that a flag selects, N the length:
  *
@@ -341,8 +342,9 @@ RVNG_ORDERS_1_TO_13(RVNG_DECLARE_WHT_KERNEL, 64f, double, unused)
  * Sizes: 2, 4, 8, ... up to 2^27 in 32f and 2^26 in 64f. Other sizes are refused with
  * RvnStatusSizeError, but for two kinds that are left unchecked on purpose and must not be used:
  * the sizes 2^k + 1 from 9 on are planned and run, compute no DCT-IV, leave elements of dst
- * unwritten, read src[N] and write dst[N]; and of the next powers of two, whose byte counts leave
- * 32 bits, some are told a size that is too small (2^30 in 32f, 2^29 and 2^30 in 64f).
+ * unwritten, read src[N] and write dst[N]; and powers of two above the limits, whose byte counts
+ * leave 32 bits: the size query refuses some and tells others a size that is too small (2^30 in
+ * 32f, 2^29 and 2^30 in 64f), and the initialiser refuses none of them.
  *
  * Threads: a plan of size 2 to 32 is only read by a transform and may be shared; a plan of size 64
  * or more is written and serves one transform at a time. Different plans have nothing in common.
@@ -362,9 +364,11 @@ RVNG_API RvnStatus rvngDCT4GetSize_32f(int32_t size, int32_t* bytes);
 RVNG_API RvnStatus rvngDCT4GetSize_64f(int32_t size, int32_t* bytes);
 
 /* Builds a plan in `block`, of at least the bytes that the size query tells (this is not checked),
- * and writes its handle to *spec. Returns RvnStatusNullPointer for a null pointer;
- * RvnStatusSizeError for a size that is not served: *spec is untouched then, but the block may have
- * been written to, and may be used for another plan. */
+ * and writes its handle to *spec. Returns RvnStatusNullPointer for a null pointer, and
+ * RvnStatusSizeError for a size that is not served, with *spec untouched. Ask the size query first:
+ * a size is only found not to be served while the plan is built, and what was built until then, up
+ * to as much as a plan of a size near by, has been written to the block. The block may be used for
+ * another plan. */
 RVNG_API RvnStatus rvngDCT4Init_32f(RvnDCT4Spec_32f** spec, int32_t size, void* block);
 RVNG_API RvnStatus rvngDCT4Init_64f(RvnDCT4Spec_64f** spec, int32_t size, void* block);
 

@@ -94,6 +94,8 @@ Options parseOptions(int argc, char** argv)
         options.output = stem + ".mdct.wav";
     if (options.picture.empty())
         options.picture = stem + ".mdct.png";
+    if (options.output == options.picture)
+        throw UsageFailure("the rebuilt recording and the picture need two names");
     return options;
 }
 

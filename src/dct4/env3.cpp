@@ -66,8 +66,14 @@ RvnStatus OWNG_DCT4(env3, compute)(const Env3* self, Scalar* dst, const Scalar* 
                            .count = self->count});
     if (computedInPanels(self, dst, src))
         return RvnStatusNoError;
-    for (std::ptrdiff_t j = 0; j < r; ++j)
-        runInnerSplit(self->env4List, dst + j, src,
-                      {.near = j, .far = far - j, .step = self->stride}, r);
+    const Env4* const split = innerSplitOf(self->env4List);
+    if (split == nullptr)
+        return RvnStatusNoError;
+    const Env7* const inputs = itemOf<Env7>(split->env7List);
+    const Env6* const outputs = itemOf<Env6>(split->env6List);
+    for (std::int32_t j = 0; j < self->count; ++j) {
+        OWNG_DCT4(env7, compute)(inputs, split->scratch, src, j, self->lastOdd - 2 * j);
+        OWNG_DCT4(env6, compute)(outputs, dst, split->scratch, j);
+    }
     return RvnStatusNoError;
 }

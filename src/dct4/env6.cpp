@@ -63,6 +63,18 @@ constexpr bool secondStageStandsFirst(std::int32_t r)
     return r == 32 && sizeof(Element) == sizeof(float);
 }
 
+// Where the sections of the two stages begin.
+struct Stages {
+    const Element* first;
+    const Element* second;
+};
+
+Stages stagesOf(const Element* table, std::int32_t r, std::int32_t rows)
+{
+    return secondStageStandsFirst(r) ? Stages{table + lengthOf(secondStage(r), rows), table}
+                                     : Stages{table, table + lengthOf(firstStage(r), rows)};
+}
+
 void fillTable(Element* table, std::int32_t r, std::int32_t rows, const EnvLambda* generator)
 {
     if (r <= 8) {
@@ -143,8 +155,7 @@ RvnStatus OWNG_DCT4(env6, rows)(const Env6* self, Scalar* dst, const Scalar* src
                          .stride = 2 * rowStep * M2,
                          .rowStep = rowStep,
                          .count = self->rows};
-    const Scalar* const table = self->twiddles;
-    const Scalar* const behindFirst = table + lengthOf(firstStage(r), self->rows);
+    const Element* const table = self->twiddles;
     switch (self->mode) {
     case 1:
         OWNG_DCT4(innerRow, 2)(dst, src, table, nullptr, rows);
@@ -155,15 +166,16 @@ RvnStatus OWNG_DCT4(env6, rows)(const Env6* self, Scalar* dst, const Scalar* src
     case 3:
         OWNG_DCT4(innerRow, 8)(dst, src, table, nullptr, rows);
         break;
-    case 4:
-        OWNG_DCT4(innerRow, 16)(dst, src, table, behindFirst, rows);
+    case 4: {
+        const auto [first, second] = stagesOf(table, 16, self->rows);
+        OWNG_DCT4(innerRow, 16)(dst, src, first, second, rows);
         break;
-    case 5:
-        if (secondStageStandsFirst(r))
-            OWNG_DCT4(innerRow, 32)
-        (dst, src, table + lengthOf(secondStage(r), self->rows), table, rows);
-        else OWNG_DCT4(innerRow, 32)(dst, src, table, behindFirst, rows);
+    }
+    case 5: {
+        const auto [first, second] = stagesOf(table, 32, self->rows);
+        OWNG_DCT4(innerRow, 32)(dst, src, first, second, rows);
         break;
+    }
     default:
         return RvnStatusBadMode;
     }

@@ -51,7 +51,8 @@ Element OWNG_DCT4(envfCompose, at)(const void* self, std::int32_t i, std::int32_
     const std::int32_t index = i * generator->rowStep + j;
     const std::int32_t q = index / 2 / generator->radix;
     const std::int32_t k = index / 2 % generator->radix;
-    const std::int32_t angle = 2 * (2 * q + 1) * (2 * k + 1);
+    const auto odd = [](std::int32_t n) { return 2 * static_cast<std::uint32_t>(n) + 1; };
+    const auto angle = static_cast<std::int32_t>(2 * odd(q) * odd(k)); // wraps beyond 32 bits
     const Element x = static_cast<Element>(angle) / static_cast<Element>(generator->angleDivisor);
     return index % 2 != 0 ? RVNG_DCT4(rvngSinPi)(x) : RVNG_DCT4(rvngCosPi)(x);
 }

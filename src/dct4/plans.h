@@ -1,8 +1,7 @@
 // The fixed bodies of the DCT-IV engine, and the split of each.
 //
 //   Direct   the whole transform of N points: 2 by one rotation, 4 by lifting, the others by the
-//   top
-//            split with the first radix, over odd-frequency transforms of N / radix points
+//            top split with the first radix, over odd-frequency transforms of N/radix points
 //   Odd      the odd-frequency transform of L real points: 2 and 4 direct, the others by the inner
 //            split with the first radix, and so on
 //   TopRow   one output row of the top split with radix r: r twiddles, then the transpose of an

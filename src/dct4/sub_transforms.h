@@ -83,12 +83,20 @@ inline RvnStatus runOddBody(std::int32_t mode, Scalar* dst, const Scalar* src,
     return RvnStatusNoError;
 }
 
-// Runs one long transform: its sub-transforms into the env4's scratch, then its output rows.
+// The env4 that long transforms run through, one after the other: its env7 fills its scratch, its
+// env6 takes the rows from there. Null in a plan that is damaged.
+inline const Env4* innerSplitOf(const EnvList* env4List)
+{
+    const Env4* const env4 = itemOf<Env4>(env4List);
+    return env4->mode == 1 ? env4 : nullptr;
+}
+
+// Runs one long transform whose sequence and rows lie elsewhere than in a plan's own order.
 inline void runInnerSplit(const EnvList* env4List, Scalar* dst, const Scalar* src,
                           const Sequence& sequence, std::ptrdiff_t rowStep)
 {
-    const Env4* const env4 = itemOf<Env4>(env4List);
-    if (env4->mode != 1)
+    const Env4* const env4 = innerSplitOf(env4List);
+    if (env4 == nullptr)
         return;
     OWNG_DCT4(env7, sweep)(itemOf<Env7>(env4->env7List), env4->scratch, src, sequence);
     OWNG_DCT4(env6, rows)(itemOf<Env6>(env4->env6List), dst, env4->scratch, rowStep);
