@@ -15,7 +15,11 @@
 // RVNG_DCT4(rvngCosPi) is rvngCosPi_32f.
 #define RVNG_DCT4(name) DCT4_PASTE(name, _, DCT4_PRECISION)
 
-namespace rvn::dct4
+// What depends on the precision but not in its name, types and helpers, is in a namespace of its
+// own: else the linker would take one precision's for both.
+#define DCT4_NAMESPACE DCT4_PASTE(precision_, DCT4_PRECISION, )
+
+namespace rvn::dct4::inline DCT4_NAMESPACE
 {
 
 using Element32f = float;
@@ -25,4 +29,4 @@ using Element64f = double;
 using Element = DCT4_PASTE(Element, DCT4_PRECISION, );
 using Scalar = DCT4_PASTE(rvn::Scalar, DCT4_PRECISION, );
 
-} // namespace rvn::dct4
+} // namespace rvn::dct4::inline DCT4_NAMESPACE

@@ -11,7 +11,7 @@
 #include <array>
 #include <cstring>
 
-namespace rvn::dct4
+namespace rvn::dct4::inline DCT4_NAMESPACE
 {
 
 inline constexpr std::ptrdiff_t lineElements = 64 / sizeof(Element);
@@ -92,4 +92,4 @@ void storeInLines(Scalar* dst, const Scalar* src, const Scalar* twiddles, const 
     }
 }
 
-} // namespace rvn::dct4
+} // namespace rvn::dct4::inline DCT4_NAMESPACE
