@@ -1,0 +1,263 @@
+// The bits that every exported transform gives are those of bits.txt, which has a hash for each,
+// over all that it gives for fixed inputs. A change of a bit is a decision: who decides on one
+// rewrites the file with tools/bits --write.
+//
+// Nothing here may depend on the compiler, its options or the C library: inputs are integers taken
+// as bit patterns, and this program defines the sines and cosines of the DCT-IV's tables itself.
+
+#include "real_kernels.h"
+#include "wht_kernels.h"
+
+#include <algorithm>
+#include <array>
+#include <cfenv>
+#include <fstream>
+#include <iomanip>
+#include <iostream>
+#include <iterator>
+#include <map>
+#include <numbers>
+#include <set>
+#include <sstream>
+#include <stdexcept>
+
+namespace
+{
+
+// sin(x + quarters pi / 2) for x >= 0.
+double sine(double x, int quarters)
+{
+    constexpr double quarter = std::numbers::pi / 2;
+    const int n = static_cast<int>(x / quarter + 0.5);
+    const double y = x - n * quarter;
+    const int turn = (n + quarters) % 4;
+    const bool isEven = turn % 2 == 1;
+    double term = isEven ? 1 : y;
+    double sum = term;
+    for (int k = isEven ? 1 : 2; k < 24; k += 2) {
+        term *= -y * y / (k * (k + 1));
+        sum += term;
+    }
+    return turn < 2 ? sum : -sum;
+}
+
+} // namespace
+
+extern "C" {
+double sin(double x) noexcept
+{
+    return sine(x, 0);
+}
+double cos(double x) noexcept
+{
+    return sine(x, 1);
+}
+float sinf(float x) noexcept
+{
+    return static_cast<float>(sine(x, 0));
+}
+float cosf(float x) noexcept
+{
+    return static_cast<float>(sine(x, 1));
+}
+}
+
+namespace rvn::tests
+{
+
+namespace
+{
+
+enum class Kind { Ordinary, Sparse, Zeros, PlusZeros, Subnormal, Tiny, Huge };
+
+constexpr Kind everyKind[] = {Kind::Ordinary,  Kind::Sparse, Kind::Zeros, Kind::PlusZeros,
+                              Kind::Subnormal, Kind::Tiny,   Kind::Huge};
+
+// Mantissas are random, and exponents within the range of the kind. Signs are, of zeros too but for
+// those of one kind. Tiny values lie on both sides of the smallest normal one; huge ones leave the
+// room that their sum and the doubling of an inverse transform take.
+template <typename Real> std::vector<Real> input(Kind kind, int count)
+{
+    using Limits = std::numeric_limits<Real>;
+    using Pattern = std::conditional_t<sizeof(Real) == 4, std::uint32_t, std::uint64_t>;
+    constexpr int mantissaBits = Limits::digits - 1;
+    constexpr int one = Limits::max_exponent - 1;
+    const int largest = 2 * one - std::bit_width(static_cast<unsigned>(count)) - 2;
+
+    std::mt19937_64 draw(count);
+    const auto number = [&](int lowest, int highest) {
+        const std::uint64_t exponent = lowest + draw() % (highest - lowest + 1);
+        const std::uint64_t mantissa = draw() >> (64 - mantissaBits);
+        return exponent << mantissaBits | mantissa;
+    };
+    const auto magnitude = [&]() -> std::uint64_t {
+        switch (kind) {
+        case Kind::Ordinary:
+            return number(one - 8, one);
+        case Kind::Sparse:
+            return draw() % 2 == 0 ? 0 : number(one - 8, one);
+        case Kind::Subnormal:
+            return number(0, 0);
+        case Kind::Tiny:
+            return number(0, mantissaBits);
+        case Kind::Huge:
+            return number(largest - 1, largest);
+        default:
+            return 0;
+        }
+    };
+    std::vector<Real> values(count);
+    for (Real& value : values) {
+        const std::uint64_t sign = kind == Kind::PlusZeros ? 0 : draw() % 2;
+        const std::uint64_t pattern = sign << (8 * sizeof(Real) - 1) | magnitude();
+        value = std::bit_cast<Real>(static_cast<Pattern>(pattern));
+    }
+    return values;
+}
+
+// By name: FNV-1a of 64 bits over the bytes of all results.
+class Hashes
+{
+public:
+    template <typename Real> void add(const std::string& name, const std::vector<Real>& result)
+    {
+        std::uint64_t& hash = hashes.try_emplace(name, 0xcbf29ce484222325).first->second;
+        for (const Real value : result) {
+            if (!std::isfinite(value))
+                throw std::runtime_error(name + " gives what is no finite number");
+            for (const auto byte : std::bit_cast<std::array<std::uint8_t, sizeof(Real)>>(value))
+                hash = (hash ^ byte) * 0x100000001b3;
+        }
+    }
+
+    std::vector<std::string> lines() const
+    {
+        std::vector<std::string> lines;
+        for (const auto& [name, hash] : hashes) {
+            std::ostringstream line;
+            line << name << " " << std::hex << std::setfill('0') << std::setw(16) << hash;
+            lines.push_back(line.str());
+        }
+        return lines;
+    }
+
+private:
+    std::map<std::string, std::uint64_t> hashes;
+};
+
+template <typename Element> void addComplexKernels(Hashes& hashes)
+{
+    using Real = Scalar<Element>;
+    for (const auto& kernel : everyKernel<Element>())
+        for (const Kind kind : everyKind) {
+            const auto parts = input<Real>(kind, 2 * kernel.length);
+            Signal<Element> x(kernel.length);
+            std::memcpy(x.data(), parts.data(), parts.size() * sizeof(Real));
+            for (const RvnScaleFlag flag : everyFlag) {
+                std::vector<Real> result;
+                for (const auto& [re, im] : transformed(kernel, x, flag))
+                    result.insert(result.end(), {re, im});
+                hashes.add(kernel.name, result);
+            }
+        }
+}
+
+template <typename Real> void addRealKernels(Hashes& hashes)
+{
+    for (const auto& kernel : everyRealKernel<Real>())
+        for (const Kind kind : everyKind) {
+            const auto x = arranged(input<Real>(kind, kernel.length), kernel.source());
+            for (const RvnScaleFlag flag : everyFlag)
+                hashes.add(kernel.name, resultOf(kernel, x.data(), flag));
+        }
+}
+
+template <typename Real> void addWhtKernels(Hashes& hashes)
+{
+    for (const auto& kernel : everyWhtKernel<Real>())
+        for (const Kind kind : everyKind) {
+            const auto x = input<Real>(kind, kernel.points());
+            auto y = x;
+            std::vector<Real> buffer(workElements(kernel.order));
+            for (const RvnScaleFlag flag : everyFlag) {
+                kernel.run(x.data(), y.data(), flag, buffer.data());
+                hashes.add(kernel.name, y);
+            }
+        }
+}
+
+// All radixes and ways through the cache. The sizes 2^k + 1 read and write an element more, and
+// leave others as they were.
+template <typename Real, typename Spec>
+void addDct4(Hashes& hashes, const std::string& name, RvnStatus (*query)(int32_t, int32_t*),
+             RvnStatus (*init)(Spec**, int32_t, void*), RvnStatus (*run)(const Real*, Real*, Spec*))
+{
+    for (int power = 2; power <= 1 << 17; power *= 2)
+        for (const int size : {power, power + 1}) {
+            int32_t bytes = 0;
+            if (query(size, &bytes) != RvnStatusNoError)
+                continue;
+            std::vector<char> block(bytes);
+            Spec* spec = nullptr;
+            init(&spec, size, block.data());
+            for (const Kind kind : everyKind) {
+                const auto x = input<Real>(kind, size == power ? size : size + 1);
+                std::vector<Real> y(x.size());
+                run(x.data(), y.data(), spec);
+                hashes.add(name + "/" + std::to_string(size), y);
+            }
+        }
+}
+
+// A name and a hash for each transform, and for each size of the DCT-IV; sorted.
+std::vector<std::string> everyLine()
+{
+    Hashes hashes;
+    addComplexKernels<Rvn32fc>(hashes);
+    addComplexKernels<Rvn64fc>(hashes);
+    addRealKernels<float>(hashes);
+    addRealKernels<double>(hashes);
+    addWhtKernels<float>(hashes);
+    addWhtKernels<double>(hashes);
+    addDct4(hashes, "rvngDCT4_32f", rvngDCT4GetSize_32f, rvngDCT4Init_32f, rvngDCT4_32f);
+    addDct4(hashes, "rvngDCT4_64f", rvngDCT4GetSize_64f, rvngDCT4Init_64f, rvngDCT4_64f);
+    return hashes.lines();
+}
+
+TEST(Bits, OfEveryTransformAreThoseOfTheFile)
+{
+    std::vector<std::string> expected;
+    std::ifstream file(BITS_FILE);
+    for (std::string line; std::getline(file, line);)
+        expected.push_back(line);
+    std::feclearexcept(FE_ALL_EXCEPT);
+    const auto actual = everyLine();
+    EXPECT_EQ(std::fetestexcept(FE_OVERFLOW | FE_INVALID), 0) << "a huge input is too large";
+
+    std::vector<std::string> lines;
+    std::set_symmetric_difference(actual.begin(), actual.end(), expected.begin(), expected.end(),
+                                  std::back_inserter(lines));
+    std::set<std::string> names;
+    for (const auto& line : lines)
+        names.insert(line.substr(0, line.find(' ')));
+    std::string first;
+    for (auto name = names.begin(); name != names.end() && first.size() < 200; ++name)
+        first += *name + " ";
+    EXPECT_TRUE(names.empty()) << first << "...\n"
+                               << names.size() << " of " << expected.size() << " differ";
+}
+
+} // namespace
+
+} // namespace rvn::tests
+
+int main(int argumentCount, char** arguments)
+{
+    if (argumentCount == 2 && arguments[1] == std::string("--print")) {
+        for (const auto& line : rvn::tests::everyLine())
+            std::cout << line << "\n";
+        return 0;
+    }
+    ::testing::InitGoogleTest(&argumentCount, arguments);
+    return RUN_ALL_TESTS();
+}
