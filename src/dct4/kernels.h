@@ -3,7 +3,7 @@
 
 #include "dct4/plans.h"
 #include "kernelgen/files.h"
-#include "kernelgen/precision.h"
+#include "kernelgen/tuning.h"
 
 #include <string>
 
@@ -11,7 +11,8 @@ namespace rvn::dct4
 {
 
 // One file a body and precision.
-kernelgen::GeneratedFile bodyFile(const BodyPlan& plan, kernelgen::Format format);
+kernelgen::GeneratedFile bodyFile(const BodyPlan& plan, kernelgen::Format format,
+                                  const kernelgen::Tuning& tuning);
 
 // A line a body: counts, and the most values live.
 std::string report();

@@ -3,7 +3,7 @@
 
 #include "dft_complex/plans.h"
 #include "kernelgen/files.h"
-#include "kernelgen/precision.h"
+#include "kernelgen/tuning.h"
 
 namespace rvn::dft_complex
 {
@@ -13,7 +13,8 @@ namespace rvn::dft_complex
 kernelgen::Graph complexGraph(const ComplexPlan& plan);
 
 // One file a length and precision, with the forward and the inverse kernel.
-kernelgen::GeneratedFile kernelFile(const ComplexPlan& plan, kernelgen::Format format);
+kernelgen::GeneratedFile kernelFile(const ComplexPlan& plan, kernelgen::Format format,
+                                    const kernelgen::Tuning& tuning);
 
 // A line a length: the table's counts, the graph's, and what a kernel costs in registers and
 // conversions. Throws as complexGraph does.

@@ -87,10 +87,12 @@ Graph inverseGraph(const InversePlan& plan)
     return graph;
 }
 
-GeneratedFile forwardFile(const ForwardPlan& plan, Format format)
+GeneratedFile forwardFile(const ForwardPlan& plan, Format format, const Tuning& tuning)
 {
     const int N = plan.stage.length;
     const Graph graph = forwardGraph(plan);
+    const std::string name = "dft_real_fwd_" + std::to_string(N) + "_" + suffixOf(format);
+    const ChosenSchedule chosen = chooseSchedule(graph, tuning.orderOf(name, format));
     std::string text = fileHead("forward real DFT", N);
     for (const Layout layout : everyLayout) {
         const PackedLayout packed = packedLayout(layout, N);
@@ -101,15 +103,17 @@ GeneratedFile forwardFile(const ForwardPlan& plan, Format format)
                                 .scale = forwardScale(N)};
         const Body body =
             kernelBody(graph, format, plainSlots(N), packed.valueSlot, packed.zeroSlot);
-        text += "\n" + emitKernel(function, body, graph, constructionOrder(graph));
+        text += "\n" + emitKernel(function, body, graph, chosen);
     }
-    return {"dft_real_fwd_" + std::to_string(N) + "_" + suffixOf(format) + ".cpp", text};
+    return {name + ".cpp", text};
 }
 
-GeneratedFile inverseFile(const InversePlan& plan, Format format)
+GeneratedFile inverseFile(const InversePlan& plan, Format format, const Tuning& tuning)
 {
     const int N = plan.stage.length;
     const Graph graph = inverseGraph(plan);
+    const std::string name = "dft_real_inv_" + std::to_string(N) + "_" + suffixOf(format);
+    const ChosenSchedule chosen = chooseSchedule(graph, tuning.orderOf(name, format));
     std::string text = fileHead("inverse real DFT", N);
     for (const Layout layout : everyLayout) {
         const Function function{.name = "rvngDFTInv_" + nameOf(layout) + "ToR_" +
@@ -119,9 +123,9 @@ GeneratedFile inverseFile(const InversePlan& plan, Format format)
                                 .scale = inverseScale(N)};
         const Body body =
             kernelBody(graph, format, packedLayout(layout, N).valueSlot, plainSlots(N));
-        text += "\n" + emitKernel(function, body, graph, constructionOrder(graph));
+        text += "\n" + emitKernel(function, body, graph, chosen);
     }
-    return {"dft_real_inv_" + std::to_string(N) + "_" + suffixOf(format) + ".cpp", text};
+    return {name + ".cpp", text};
 }
 
 std::string report()

@@ -3,7 +3,7 @@
 
 #include "dft_real/plans.h"
 #include "kernelgen/files.h"
-#include "kernelgen/precision.h"
+#include "kernelgen/tuning.h"
 
 namespace rvn::dft_real
 {
@@ -14,8 +14,10 @@ kernelgen::Graph forwardGraph(const ForwardPlan& plan);
 kernelgen::Graph inverseGraph(const InversePlan& plan);
 
 // One file a length, direction and precision, with the kernels of the three layouts.
-kernelgen::GeneratedFile forwardFile(const ForwardPlan& plan, kernelgen::Format format);
-kernelgen::GeneratedFile inverseFile(const InversePlan& plan, kernelgen::Format format);
+kernelgen::GeneratedFile forwardFile(const ForwardPlan& plan, kernelgen::Format format,
+                                     const kernelgen::Tuning& tuning);
+kernelgen::GeneratedFile inverseFile(const InversePlan& plan, kernelgen::Format format,
+                                     const kernelgen::Tuning& tuning);
 
 // A line a length and direction: the counts of the graph beside those of the table.
 std::string report();

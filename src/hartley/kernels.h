@@ -3,7 +3,7 @@
 
 #include "hartley/plans.h"
 #include "kernelgen/files.h"
-#include "kernelgen/precision.h"
+#include "kernelgen/tuning.h"
 
 namespace rvn::hartley
 {
@@ -12,7 +12,8 @@ namespace rvn::hartley
 kernelgen::Graph hartleyGraph(const HartleyPlan& plan);
 
 // One file a length and precision.
-kernelgen::GeneratedFile kernelFile(const HartleyPlan& plan, kernelgen::Format format);
+kernelgen::GeneratedFile kernelFile(const HartleyPlan& plan, kernelgen::Format format,
+                                    const kernelgen::Tuning& tuning);
 
 // A line a length: the counts of the graph beside those of the table.
 std::string report();

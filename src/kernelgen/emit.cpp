@@ -113,14 +113,15 @@ private:
     const Graph& graph_;
 };
 
-std::string statistics(const Graph& graph, const Schedule& schedule, const Body& body)
+std::string statistics(const Graph& graph, const ChosenSchedule& chosen, const Body& body)
 {
     const Conversions conversions = countConversions(graph, body.formats);
     const Counts counts = countOperations(graph);
     std::ostringstream text;
     text << "// " << counts.additions << " additions, " << counts.multiplications
-         << " multiplications by constants, " << graph.outputs.size() << " by S; at most "
-         << peakLive(graph, schedule) << " values live";
+         << " multiplications by constants, " << graph.outputs.size()
+         << " by S; order: " << chosen.order << ", at most " << peakLive(graph, chosen.schedule)
+         << " values live, " << chosen.memoryAccesses << " accesses of memory";
     if (conversions.widenings > 0)
         text << "; " << conversions.widenings << " widenings, " << conversions.roundings
              << " roundings";
@@ -239,13 +240,13 @@ std::string emitBody(const Body& body, const Graph& graph, const Schedule& sched
 }
 
 std::string emitKernel(const Function& function, const Body& body, const Graph& graph,
-                       const Schedule& schedule)
+                       const ChosenSchedule& chosen)
 {
     const std::string scalar = scalarType(function.format);
-    return statistics(graph, schedule, body) + emitHead(function) + "    const " + scalar +
+    return statistics(graph, chosen, body) + emitHead(function) + "    const " + scalar +
            "* const in = reinterpret_cast<const " + scalar + "*>(src);\n" + "    " + scalar +
            "* const out = reinterpret_cast<" + scalar + "*>(dst);\n\n" +
-           emitBody(body, graph, schedule) + "    return RvnStatusNoError;\n}\n";
+           emitBody(body, graph, chosen.schedule) + "    return RvnStatusNoError;\n}\n";
 }
 
 } // namespace rvn::kernelgen

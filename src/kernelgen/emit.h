@@ -1,8 +1,8 @@
 // From a graph to the C++ text of a kernel.
 #pragma once
 
+#include "kernelgen/choice.h"
 #include "kernelgen/precision.h"
-#include "kernelgen/schedule.h"
 
 #include <string>
 
@@ -74,6 +74,6 @@ std::string emitBody(const Body& body, const Graph& graph, const Schedule& sched
 
 // A whole straight-line kernel: the head, then one body.
 std::string emitKernel(const Function& function, const Body& body, const Graph& graph,
-                       const Schedule& schedule);
+                       const ChosenSchedule& chosen);
 
 } // namespace rvn::kernelgen

@@ -1,7 +1,7 @@
 // rvnkernelgen: writes the kernels, or reports on them.
 //
-//   rvnkernelgen --out DIR    writes every kernel below DIR, a folder a family
-//   rvnkernelgen --report     prints the plans with the counts of their graphs
+//   rvnkernelgen --out DIR --tuning FILE    writes every kernel below DIR, a folder a family
+//   rvnkernelgen --report                   prints the plans with the counts of their graphs
 //
 // It stops with a message and status 1 when a graph does not have the counts of its plan.
 
@@ -21,22 +21,23 @@
 namespace
 {
 
-void writeKernels(const std::filesystem::path& folder)
+void writeKernels(const std::filesystem::path& folder, const rvn::kernelgen::Tuning& tuning)
 {
     using namespace rvn;
     for (const auto format : {kernelgen::Format::Binary32, kernelgen::Format::Binary64}) {
         for (const dft_complex::ComplexPlan& plan : dft_complex::complexPlans())
-            kernelgen::writeFile(folder / "dft_complex", dft_complex::kernelFile(plan, format));
+            kernelgen::writeFile(folder / "dft_complex",
+                                 dft_complex::kernelFile(plan, format, tuning));
         for (const dft_real::ForwardPlan& plan : dft_real::forwardPlans())
-            kernelgen::writeFile(folder / "dft_real", dft_real::forwardFile(plan, format));
+            kernelgen::writeFile(folder / "dft_real", dft_real::forwardFile(plan, format, tuning));
         for (const dft_real::InversePlan& plan : dft_real::inversePlans())
-            kernelgen::writeFile(folder / "dft_real", dft_real::inverseFile(plan, format));
+            kernelgen::writeFile(folder / "dft_real", dft_real::inverseFile(plan, format, tuning));
         for (const hartley::HartleyPlan& plan : hartley::hartleyPlans())
-            kernelgen::writeFile(folder / "hartley", hartley::kernelFile(plan, format));
+            kernelgen::writeFile(folder / "hartley", hartley::kernelFile(plan, format, tuning));
         for (int order = wht::lowestOrder; order <= wht::highestOrder; ++order)
-            kernelgen::writeFile(folder / "wht", wht::kernelFile(order, format));
+            kernelgen::writeFile(folder / "wht", wht::kernelFile(order, format, tuning));
         for (const dct4::BodyPlan& plan : dct4::bodyPlans)
-            kernelgen::writeFile(folder / "dct4", dct4::bodyFile(plan, format));
+            kernelgen::writeFile(folder / "dct4", dct4::bodyFile(plan, format, tuning));
     }
 }
 
@@ -46,8 +47,8 @@ int main(int argc, char** argv)
 {
     const std::vector<std::string> arguments(argv + 1, argv + argc);
     try {
-        if (arguments.size() == 2 && arguments[0] == "--out") {
-            writeKernels(arguments[1]);
+        if (arguments.size() == 4 && arguments[0] == "--out" && arguments[2] == "--tuning") {
+            writeKernels(arguments[1], rvn::kernelgen::Tuning(arguments[3]));
             return 0;
         }
         if (arguments.size() == 1 && arguments[0] == "--report") {
@@ -62,6 +63,6 @@ int main(int argc, char** argv)
         std::cerr << "rvnkernelgen: " << error.what() << "\n";
         return 1;
     }
-    std::cerr << "usage: rvnkernelgen --out DIR | --report\n";
+    std::cerr << "usage: rvnkernelgen --out DIR --tuning FILE | --report\n";
     return 2;
 }

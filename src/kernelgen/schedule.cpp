@@ -21,7 +21,7 @@ std::vector<std::vector<int>> outputsOf(const Graph& graph)
 
 } // namespace
 
-Schedule constructionOrder(const Graph& graph, Stores stores)
+Schedule scheduleInOrder(const Graph& graph, const Order& order, Stores stores)
 {
     const std::vector<std::vector<int>> outputs = outputsOf(graph);
     Schedule schedule;
@@ -46,13 +46,11 @@ Schedule constructionOrder(const Graph& graph, Stores stores)
             heldBack.clear();
         }
     };
-    for (std::size_t i = 0; i < graph.nodes.size(); ++i) {
-        if (graph.nodes[i].op == Op::Load)
-            continue;
-        for (const int operand : operands(graph.nodes[i]))
+    for (const int node : order) {
+        for (const int operand : operands(graph.nodes[node]))
             load(operand);
-        schedule.push_back({Compute, static_cast<int>(i)});
-        storeOutputs(static_cast<int>(i));
+        schedule.push_back({Compute, node});
+        storeOutputs(node);
     }
     // Inputs that are outputs and nothing else.
     for (std::size_t i = 0; i < graph.nodes.size(); ++i)

@@ -1,12 +1,10 @@
-// The order of a kernel's text.
-//
-// Construction order is a good one: builders form each sub-transform whole and its twiddles right
-// behind it, which keeps few values live. Each input is loaded right before its first use. Where
-// what is read and what is written may overlap, as src and dst of a kernel, stores wait until the
-// last load; then, and otherwise from the start, every output is stored as soon as it exists.
+// The order of a kernel's text: operations in a given order, each input loaded right before its
+// first use. Where what is read and what is written may overlap, as src and dst of a kernel, stores
+// wait until the last load; then, and otherwise from the start, every output is stored as soon as
+// it exists.
 #pragma once
 
-#include "kernelgen/graph.h"
+#include "kernelgen/orders.h"
 
 namespace rvn::kernelgen
 {
@@ -21,7 +19,7 @@ using Schedule = std::vector<Step>;
 
 enum class Stores : std::uint8_t { AfterLoads, AsReady };
 
-Schedule constructionOrder(const Graph& graph, Stores stores = Stores::AfterLoads);
+Schedule scheduleInOrder(const Graph& graph, const Order& order, Stores stores);
 
 // The most values that are live at once.
 int peakLive(const Graph& graph, const Schedule& schedule);

@@ -2,7 +2,7 @@
 #pragma once
 
 #include "kernelgen/files.h"
-#include "kernelgen/precision.h"
+#include "kernelgen/tuning.h"
 
 namespace rvn::wht
 {
@@ -12,7 +12,8 @@ namespace rvn::wht
 kernelgen::Graph whtGraph(int order);
 
 // One file an order and precision.
-kernelgen::GeneratedFile kernelFile(int order, kernelgen::Format format);
+kernelgen::GeneratedFile kernelFile(int order, kernelgen::Format format,
+                                    const kernelgen::Tuning& tuning);
 
 // A line an order: the counts and the most values live.
 std::string report();
