@@ -3,6 +3,7 @@
 #include "complex_series.h"
 
 #include "complex_contenders.h"
+#include "kernel_work.h"
 
 #include <type_traits>
 
@@ -21,7 +22,8 @@ template <typename Real> Series series(const Options& options)
     return lengthSeries<Real>(
         {.name = name + "_CToC_" + (std::is_same_v<Real, float> ? "32fc" : "64fc"),
          .firstPeer = 1,
-         .entrants = entrants},
+         .entrants = entrants,
+         .work = [](int length) { return complexWork(length, precisionOf<Real>); }},
         options);
 }
 

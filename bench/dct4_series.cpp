@@ -7,13 +7,14 @@
 
 #include "clock.h"
 #include "dct4_contenders.h"
-#include "dct4_limit.h"
 #include "dct4_reference.h"
+#include "extras.h"
 #include "input.h"
+#include "kernel_work.h"
 #include "means.h"
 
 #include <algorithm>
-#include <cmath>
+#include <iterator>
 #include <stdexcept>
 #include <type_traits>
 
@@ -22,6 +23,8 @@ namespace rvn::bench
 
 namespace
 {
+
+constexpr std::size_t firstPeer = 1;
 
 // Of the accuracy: about so many outputs.
 constexpr int outputsJudged = 4096;
@@ -37,30 +40,6 @@ constexpr SizeRange middle = {.first = 64, .last = 2048};
 Layout layout()
 {
     const Names names = dct4ContenderNames();
-    const Extra growth = {.title = "growth",
-                          .summary = "growth: nanoseconds over N log2 N",
-                          .key = "growth",
-                          .names = names,
-                          .printed = 1,
-                          .format = "%.3f",
-                          .meanName = "geometric mean",
-                          .mean = geometricMean};
-    const Extra limit = {.title = "over limit",
-                         .summary = "time over the limit of the ports",
-                         .key = "limit",
-                         .names = {names.front()},
-                         .printed = 1,
-                         .format = "%.2f",
-                         .meanName = "geometric mean",
-                         .mean = geometricMean};
-    const Extra error = {.title = "relative rms error",
-                         .summary = "relative rms error over all of them",
-                         .key = "error",
-                         .names = names,
-                         .printed = 2, // ours and that of FFTW scalar
-                         .format = "%.2e",
-                         .meanName = "rms",
-                         .mean = rootMeanSquare};
     const Extra planning = {.title = "microseconds to plan",
                             .summary = "microseconds to plan",
                             .key = "planning",
@@ -69,12 +48,16 @@ Layout layout()
                             .format = "%.1f",
                             .meanName = "geometric mean",
                             .mean = geometricMean};
+    std::vector<Extra> extras = {growthExtra(names)};
+    std::ranges::copy(limitExtras(names), std::back_inserter(extras));
+    extras.push_back(errorExtra(names));
+    extras.push_back(planning);
     return {.size = "size",
             .sizes = {{.name = "N", .width = 8}},
             .contenders = names,
-            .firstPeer = 1,
+            .firstPeer = firstPeer,
             .ranges = {middle},
-            .extras = {growth, limit, error, planning}};
+            .extras = extras};
 }
 
 template <typename Real>
@@ -103,12 +86,11 @@ template <typename Real> Row measureSize(int size, const Options& options)
     fillForTiming<Real>(buffers.source, options.placement);
     const double seconds = std::max(options.seconds, size * secondsAPoint);
     const TimingsAndCycles found = measureInCycles(contenders, options.repetitions, seconds);
-    std::vector<double> growth;
-    for (const Timing& timing : found.timings)
-        growth.push_back(timing.nanoseconds / (size * std::log2(size)));
-    return {.sizes = {size},
-            .timings = found.timings,
-            .extras = {growth, {found.cycles / dct4LimitInCycles(size)}, errors, planning}};
+    std::vector<std::vector<double>> extras = {growth(found.timings, firstPeer, size)};
+    std::ranges::copy(overLimit(found, firstPeer, dct4Work(size)), std::back_inserter(extras));
+    extras.push_back(errors);
+    extras.push_back(planning);
+    return {.sizes = {size}, .timings = found.timings, .extras = extras};
 }
 
 template <typename Real> Series series(const Options& options)
@@ -131,9 +113,7 @@ std::vector<std::string> dct4Method(const Options& options)
         "DCT-IV    ours: a plan in a block of the caller; FFTW: r2r of the kind FFTW_REDFT11, "
         "input kept,",
         "          " + effort + ", scalar: FFTW_NO_SIMD;",
-        "          growth: nanoseconds over N log2 N; limit: max(A/2, (A + M)/3) cycles for our A "
-        "additions and",
-        "          M multiplications, at the clock of the repetition; error: of a direct sum to " +
+        "          growth: nanoseconds over N log2 N; error: of a direct sum to " +
             std::to_string(largestDirectDct4) + ",",
         "          beyond of a fast transform, both in binary80; planning: ours the median of 7, "
         "FFTW's once;",

@@ -3,6 +3,7 @@
 #include "hartley_series.h"
 
 #include "hartley_contenders.h"
+#include "kernel_work.h"
 
 #include <type_traits>
 
@@ -17,10 +18,12 @@ template <typename Real> Series series(const Options& options)
     const auto entrants = [=](Buffers<Real>& buffers, int length) {
         return hartleyEntrants(buffers, length, options.placement);
     };
-    return lengthSeries<Real>({.name = std::is_same_v<Real, float> ? "Hartley_32f" : "Hartley_64f",
-                               .firstPeer = 1,
-                               .entrants = entrants},
-                              options);
+    return lengthSeries<Real>(
+        {.name = std::is_same_v<Real, float> ? "Hartley_32f" : "Hartley_64f",
+         .firstPeer = 1,
+         .entrants = entrants,
+         .work = [](int length) { return hartleyWork(length, precisionOf<Real>); }},
+        options);
 }
 
 } // namespace

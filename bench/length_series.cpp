@@ -2,13 +2,14 @@
 
 #include "length_series.h"
 
-#include "means.h"
-#include "measure.h"
+#include "clock.h"
+#include "extras.h"
 
 #include <algorithm>
 #include <memory>
 #include <span>
 #include <stdexcept>
+#include <type_traits>
 
 namespace rvn::bench
 {
@@ -18,23 +19,21 @@ namespace
 
 constexpr int trials = 64; // of the accuracy
 
-Layout layout(const Names& contenders, std::size_t firstPeer)
+// Kernels of binary32 convert.
+template <typename Real> constexpr bool converts = std::is_same_v<Real, float>;
+
+template <typename Real> Layout layout(const Names& contenders, std::size_t firstPeer)
 {
-    Names judged = contenders;
-    judged.erase(judged.begin() + 1, judged.begin() + static_cast<std::ptrdiff_t>(firstPeer));
+    const Names names = judged(contenders, firstPeer);
+    std::vector<Extra> extras = limitExtras(names);
+    extras.push_back(coresExtra(converts<Real>));
+    extras.push_back(errorExtra(names));
     return {.size = "length",
             .sizes = {{.name = "N", .width = 3}},
             .contenders = contenders,
             .firstPeer = firstPeer,
             .ranges = {},
-            .extras = {{.title = "relative rms error",
-                        .summary = "relative rms error over all of them",
-                        .key = "error",
-                        .names = judged,
-                        .printed = 2, // ours and that of FFTW scalar
-                        .format = "%.2e",
-                        .meanName = "rms",
-                        .mean = rootMeanSquare}}};
+            .extras = extras};
 }
 
 template <typename Real>
@@ -74,9 +73,13 @@ Row measureLength(const LengthTransform<Real>& transform, Buffers<Real>& buffers
         contenders.push_back(entrant.contender);
     }
     fillSource(buffers, entrants.front(), options.placement);
-    return {.sizes = {length},
-            .timings = measure(contenders, options.repetitions, options.seconds),
-            .extras = {errors}};
+    const TimingsAndCycles found =
+        measureInCycles(contenders, options.repetitions, options.seconds);
+    const Work work = transform.work(length);
+    std::vector<std::vector<double>> extras = overLimit(found, transform.firstPeer, work);
+    extras.push_back(overCores(found, work, converts<Real>));
+    extras.push_back(errors);
+    return {.sizes = {length}, .timings = found.timings, .extras = extras};
 }
 
 // Every contender takes length 2.
@@ -97,7 +100,7 @@ Series lengthSeries(const LengthTransform<Real>& transform, const Options& optio
     const auto buffers = std::make_shared<Buffers<Real>>();
     return {
         .name = transform.name,
-        .layout = layout(namesOf(transform, *buffers), transform.firstPeer),
+        .layout = layout<Real>(namesOf(transform, *buffers), transform.firstPeer),
         .sizes = options.lengths,
         .measure = [=](int length) { return measureLength(transform, *buffers, length, options); }};
 }

@@ -5,6 +5,7 @@
 #include "accuracy.h"
 #include "buffers.h"
 #include "contender.h"
+#include "limit.h"
 #include "options.h"
 #include "series.h"
 
@@ -31,9 +32,13 @@ template <typename Real> struct LengthTransform {
     // All of them, ours first; at odd lengths the last ones may be missing. Planning writes into
     // the buffers, which outlive the entrants.
     std::function<Entrants<Real>(Buffers<Real>& buffers, int length)> entrants;
+
+    // The operations of ours.
+    std::function<Work(int length)> work;
 };
 
-// A row is a length: what the contenders take, and how exact the first one and the peers are.
+// A row is a length: what the contenders take, how far they are from the limits, and how exact the
+// first one and the peers are.
 template <typename Real>
 Series lengthSeries(const LengthTransform<Real>& transform, const Options& options);
 

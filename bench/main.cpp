@@ -7,9 +7,13 @@
 #include "complex_series.h"
 #include "data_file.h"
 #include "dct4_series.h"
+#include "dispatch.h"
+#include "extras.h"
 #include "hartley_series.h"
 #include "machine.h"
+#include "mixed_lengths.h"
 #include "options.h"
+#include "rates.h"
 #include "real_series.h"
 #include "series.h"
 #include "table.h"
@@ -73,6 +77,8 @@ void printMachineAndMethod(const Options& options)
         "method    medians of %d repetitions of %g s, contenders interleaved, hot caches; a "
         "ratio is\n          taken within a repetition, peer over ours\n",
         options.repetitions, options.seconds);
+    if (options.studies.empty())
+        print(limitMethod());
     if (inPlace(options))
         std::printf("          in place on zeros, every call waits for the one before\n");
     for (const FamilyEntry& entry : measuredFamilies(options))
@@ -97,9 +103,23 @@ void run(const Series& series, const Options& options)
     }
 }
 
+void run(Study study, const Options& options)
+{
+    switch (study) {
+    case Study::Rates:
+        return reportRates(options);
+    case Study::Dispatch:
+        return reportDispatch(options);
+    case Study::Mixed:
+        return reportMixedLengths(options);
+    }
+}
+
 void runAll(const Options& options)
 {
     printMachineAndMethod(options);
+    for (const Study study : options.studies)
+        run(study, options);
     for (const FamilyEntry& entry : measuredFamilies(options))
         for (const Precision precision : options.precisions)
             run(entry.series(options, precision), options);

@@ -23,7 +23,7 @@ using Text = std::string_view;
 
 struct Option {
     Text name;
-    std::span<const Family> families; // those that it concerns; empty: all
+    std::span<const Family> families; // those that it concerns; empty: the studies too
     bool (*set)(Options&, Text);      // false: the value is refused
     Text wanted;                      // the value, for people; empty: it takes none
 };
@@ -55,6 +55,13 @@ constexpr std::array familyNames = {
 constexpr std::array precisionNames = {
     std::pair(Text("32fc"), Precision::Single), std::pair(Text("32f"), Precision::Single),
     std::pair(Text("64fc"), Precision::Double), std::pair(Text("64f"), Precision::Double)};
+
+template <Study study> bool addStudy(Options& options, Text)
+{
+    options.studies.push_back(study);
+    options.families.clear();
+    return true;
+}
 
 bool setQuick(Options& options, Text)
 {
@@ -120,26 +127,31 @@ bool setOutput(Options& options, Text value)
 
 // Which families an option concerns.
 constexpr std::array<Family, 0> any = {};
+constexpr std::array families = {Family::Complex, Family::Real, Family::Hartley, Family::Wht,
+                                 Family::Dct4};
 constexpr std::array lengths = {Family::Complex, Family::Real, Family::Hartley};
 constexpr std::array inverse = {Family::Complex, Family::Real};
 constexpr std::array orders = {Family::Wht};
 constexpr std::array sizes = {Family::Dct4};
 
-// --quick before --sizes and --repetitions, which have the last word; --family before those that
-// depend on it.
+// The studies first, which leave no family; --quick before --sizes and --repetitions, which have
+// the last word; --family before those that depend on it.
 // clang-format off
-constexpr std::array<Option, 11> table = {{
-    {"--family",      any,     setFamily,    "complex, real, hartley, wht or dct4"},
-    {"--quick",       any,     setQuick,     ""},
-    {"--lengths",     lengths, setLengths,   "lengths from 2 to 64, as in 8 or 2-16 or 3,5,60-64"},
-    {"--orders",      orders,  setOrders,    "orders from 1 to 13, as in 8 or 1-7 or 3,5,10-13"},
-    {"--sizes",       sizes,   setSizes,     "powers of two from 2 to 2^20, as in 8 or 2-64,256"},
-    {"--precision",   any,     setPrecision, "32fc, 32f, 64fc or 64f"},
-    {"--in-place",    any,     setInPlace,   ""},
-    {"--inverse",     inverse, setInverse,   ""},
-    {"--repetitions", any,     setRounds,    "a count from 1 to 1000"},
-    {"--limit",       any,     setLimits,    "ratios, as in 0.9 or 0.9,1.0"},
-    {"--output",      any,     setOutput,    "an existing folder"},
+constexpr std::array<Option, 14> table = {{
+    {"--rates",       any,      addStudy<Study::Rates>,    ""},
+    {"--dispatch",    any,      addStudy<Study::Dispatch>, ""},
+    {"--mixed",       any,      addStudy<Study::Mixed>,    ""},
+    {"--family",      families, setFamily,                 "complex, real, hartley, wht or dct4"},
+    {"--quick",       any,      setQuick,                  ""},
+    {"--lengths",     lengths,  setLengths,                "lengths from 2 to 64, as in 8 or 2-16 or 3,5,60-64"},
+    {"--orders",      orders,   setOrders,                 "orders from 1 to 13, as in 8 or 1-7 or 3,5,10-13"},
+    {"--sizes",       sizes,    setSizes,                  "powers of two from 2 to 2^20, as in 8 or 2-64,256"},
+    {"--precision",   any,      setPrecision,              "32fc, 32f, 64fc or 64f"},
+    {"--in-place",    families, setInPlace,                ""},
+    {"--inverse",     inverse,  setInverse,                ""},
+    {"--repetitions", any,      setRounds,                 "a count from 1 to 1000"},
+    {"--limit",       families, setLimits,                 "ratios, as in 0.9 or 0.9,1.0"},
+    {"--output",      any,      setOutput,                 "an existing folder"},
 }};
 // clang-format on
 
@@ -182,11 +194,11 @@ Options parseOptions(std::span<char* const> arguments)
     options.sizes = powersOfTwo(smallestSize, largestSize);
 
     for (const auto [option, value] : read(arguments)) {
-        if (!option->set(options, value))
-            refuse(option->name, value, option->wanted);
         const auto concerned = std::ranges::find_first_of(options.families, option->families);
         if (!option->families.empty() && concerned == options.families.end())
             refuse(option->name, value, "concerns a family that is not measured");
+        if (!option->set(options, value))
+            refuse(option->name, value, option->wanted);
     }
     return options;
 }

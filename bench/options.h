@@ -26,12 +26,17 @@ enum class Precision { Single, Double };      // elements 32fc and 32f, 64fc and
 enum class Direction { Forward, Inverse };    // rvngDFTFwd_..., rvngDFTInv_...
 enum class Placement { OutOfPlace, InPlace }; // where the result goes: a second array or the first
 
+// What else can be measured, instead of the families: the rates of the processor, the cost of the
+// dispatchers, calls of all lengths in turn.
+enum class Study { Rates, Dispatch, Mixed };
+
 struct Options {
     std::vector<Family> families = {Family::Complex, Family::Real, Family::Hartley, Family::Wht,
                                     Family::Dct4};
-    std::vector<int> lengths; // ascending
-    std::vector<int> orders;  // ascending
-    std::vector<int> sizes;   // ascending
+    std::vector<Study> studies; // none: the families
+    std::vector<int> lengths;   // ascending
+    std::vector<int> orders;    // ascending
+    std::vector<int> sizes;     // ascending
     bool quick = false;
     std::vector<Precision> precisions = {Precision::Double, Precision::Single};
     Direction direction = Direction::Forward;

@@ -3,6 +3,7 @@
 
 #include "real_series.h"
 
+#include "kernel_work.h"
 #include "real_contenders.h"
 
 #include <type_traits>
@@ -20,10 +21,13 @@ template <typename Real> Series series(const Options& options)
     const auto entrants = [=](Buffers<Real>& buffers, int length) {
         return realEntrants(buffers, length, options.direction, options.placement);
     };
-    return lengthSeries<Real>({.name = name + (std::is_same_v<Real, float> ? "32f" : "64f"),
-                               .firstPeer = firstRealPeer,
-                               .entrants = entrants},
-                              options);
+    return lengthSeries<Real>(
+        {.name = name + (std::is_same_v<Real, float> ? "32f" : "64f"),
+         .firstPeer = firstRealPeer,
+         .entrants = entrants,
+         .work =
+             [=](int length) { return realWork(length, precisionOf<Real>, options.direction); }},
+        options);
 }
 
 } // namespace

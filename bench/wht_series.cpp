@@ -1,19 +1,18 @@
-// A row is an order k: what the contenders take, and how far ours is from the limit of scalar code.
-//
-// k 2^k additions and subtractions, on a processor that starts two of them a cycle, take
-//
-//     k 2^(k - 1) cycles
-//
-// The cycle is that of the moment: a chain of additions runs among the contenders in every round.
+// A row is an order k: what the contenders take, what this is for an element and over k 2^k, and
+// how far it is from the limit of scalar code.
 
 #include "wht_series.h"
 
 #include "clock.h"
+#include "extras.h"
 #include "input.h"
+#include "kernel_work.h"
 #include "means.h"
 #include "wht_agreement.h"
 #include "wht_contenders.h"
 
+#include <algorithm>
+#include <iterator>
 #include <memory>
 #include <type_traits>
 
@@ -25,24 +24,23 @@ namespace
 
 Layout layout()
 {
+    const Names names = judged(whtContenderNames(), firstWhtPeer);
+    std::vector<Extra> extras = {{.title = "ns/element",
+                                  .summary = "nanoseconds an element",
+                                  .key = "element",
+                                  .names = {names.front()},
+                                  .printed = 1,
+                                  .format = "%.3f",
+                                  .meanName = "geometric mean",
+                                  .mean = geometricMean},
+                                 growthExtra(names)};
+    std::ranges::copy(limitExtras(names), std::back_inserter(extras));
     return {.size = "order",
             .sizes = {{.name = "order", .width = 6}, {.name = "points", .width = 7}},
             .contenders = whtContenderNames(),
             .firstPeer = firstWhtPeer,
             .ranges = {},
-            .extras = {{.title = "over limit",
-                        .summary = "time over the limit of two additions a cycle",
-                        .key = "limit",
-                        .names = {"ours"},
-                        .printed = 1,
-                        .format = "%.2f",
-                        .meanName = "geometric mean",
-                        .mean = geometricMean}}};
-}
-
-double cyclesOfLimit(int order)
-{
-    return order << (order - 1);
+            .extras = extras};
 }
 
 template <typename Element>
@@ -54,9 +52,11 @@ Row measureOrder(WhtBuffers<Element>& buffers, int order, const Options& options
     fillForTiming<Element>(buffers.source, options.placement);
     const TimingsAndCycles found =
         measureInCycles(contenders, options.repetitions, options.seconds);
-    return {.sizes = {order, 1 << order},
-            .timings = found.timings,
-            .extras = {{found.cycles / cyclesOfLimit(order)}}};
+    const int points = 1 << order;
+    std::vector<std::vector<double>> extras = {{found.timings.front().nanoseconds / points},
+                                               growth(found.timings, firstWhtPeer, points)};
+    std::ranges::copy(overLimit(found, firstWhtPeer, whtWork(order)), std::back_inserter(extras));
+    return {.sizes = {order, points}, .timings = found.timings, .extras = extras};
 }
 
 template <typename Element> Series series(const Options& options)
@@ -76,8 +76,7 @@ std::vector<std::string> whtMethod(const Options&)
             "orders from 8",
             "          allocate; loop: two levels of butterflies a pass, AVX2 loop: the same "
             "vectorised;",
-            "          limit: k 2^(k-1) cycles for order k, two additions a cycle, at the clock of "
-            "the repetition"};
+            "          growth: nanoseconds over k 2^k"};
 }
 
 Series whtSeries(const Options& options, Precision precision)

@@ -1,0 +1,11 @@
+// What a kernel called through the dispatcher of its transform takes beside the kernel itself.
+#pragma once
+
+#include "options.h"
+
+namespace rvn::bench
+{
+
+void reportDispatch(const Options& options);
+
+} // namespace rvn::bench
