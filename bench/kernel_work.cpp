@@ -8,7 +8,6 @@
 #include "dft_real/kernels.h"
 #include "hartley/kernels.h"
 
-#include <set>
 #include <vector>
 
 namespace rvn::bench
@@ -24,28 +23,15 @@ using kernelgen::Graph;
 constexpr int largestDct4Body = 32;
 constexpr int largestOddBody = 64;
 
-// The binary32 values that operations in binary64 take: one conversion each, however many these
-// are.
-int countWidened(const Graph& graph, const std::vector<kernelgen::NodeFormat>& formats)
-{
-    std::set<int> widened;
-    for (std::size_t i = 0; i < graph.nodes.size(); ++i)
-        if (formats[i].computed == Format::Binary64)
-            for (const int operand : kernelgen::operands(graph.nodes[i]))
-                if (formats[static_cast<std::size_t>(operand)].held == Format::Binary32)
-                    widened.insert(operand);
-    return static_cast<int>(widened.size());
-}
-
 // An output that takes S in binary64 is rounded behind it; S itself is there in both formats.
 Work withConversions(Work work, const Graph& graph, Precision precision)
 {
     if (precision == Precision::Double)
         return work;
     const auto formats = kernelgen::assignFormats(graph, Format::Binary32);
-    work.widenings = countWidened(graph, formats);
-    work.roundings = kernelgen::countConversions(graph, formats).roundings +
-                     kernelgen::countScaledInBinary64(graph, formats);
+    const kernelgen::Conversions conversions = kernelgen::countConversions(graph, formats);
+    work.widenings = conversions.widenings;
+    work.roundings = conversions.roundings + kernelgen::countScaledInBinary64(graph, formats);
     return work;
 }
 

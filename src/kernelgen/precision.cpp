@@ -43,12 +43,17 @@ int countScaledInBinary64(const Graph& graph, const std::vector<NodeFormat>& for
 Conversions countConversions(const Graph& graph, const std::vector<NodeFormat>& formats)
 {
     Conversions conversions;
+    std::vector<bool> isWidened(graph.nodes.size());
     for (std::size_t i = 0; i < graph.nodes.size(); ++i) {
         if (formats[i].computed == Binary32)
             continue;
         conversions.roundings += formats[i].held == Binary32;
-        for (const int operand : operands(graph.nodes[i]))
-            conversions.widenings += formats[operand].held == Binary32;
+        for (const int operand : operands(graph.nodes[i])) {
+            if (formats[operand].held == Binary64 || isWidened[operand])
+                continue;
+            isWidened[operand] = true;
+            ++conversions.widenings;
+        }
     }
     return conversions;
 }

@@ -28,7 +28,8 @@ std::vector<NodeFormat> elementFormats(const Graph& graph, Format element);
 // The outputs of a binary32 kernel that take S in binary64.
 int countScaledInBinary64(const Graph& graph, const std::vector<NodeFormat>& formats);
 
-// The conversions this costs: binary32 operands of binary64 operations, and results rounded.
+// The conversions this costs: binary32 values that binary64 operations take, each widened once
+// however many take it, and results rounded.
 struct Conversions {
     int widenings = 0;
     int roundings = 0;
