@@ -28,7 +28,7 @@ void run(int argc, char** argv)
         std::fputs(usageText(), stdout);
         return;
     }
-    const Picture original = readPng(options.input);
+    const Picture original = examples::readPng(options.input);
     examples::expectOtherFile(options.output, options.input,
                               "is the input; the rebuilt picture needs another name");
 
@@ -38,7 +38,9 @@ void run(int argc, char** argv)
     use += transformBlocks(planes.values, options.order); // its own inverse
     const Picture rebuilt = joinPlanes(planes, original);
 
-    writePng(options.output, rebuilt);
+    examples::PartFile file(options.output);
+    writePng(file, rebuilt);
+    file.commit();
     printReport(options, original, planes.layout, selection, compare(original, rebuilt), use);
 }
 

@@ -13,6 +13,8 @@
 namespace hadamard
 {
 
+using examples::Picture;
+
 // Where a pixel's value is: planes one after the other, in each the blocks in rows from the top, in
 // each block its values in rows from the top.
 struct Layout {

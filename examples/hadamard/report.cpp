@@ -10,7 +10,7 @@ namespace hadamard
 {
 
 void printReport(const Options& options, const Picture& picture, const Layout& layout,
-                 const examples::Selection& selection, const Comparison& comparison,
+                 const examples::Selection& selection, const examples::Comparison& comparison,
                  const KernelUse& use)
 {
     const int length = 1 << layout.order;

@@ -13,7 +13,7 @@ namespace hadamard
 
 // Prints one line a fact on standard output.
 void printReport(const Options& options, const Picture& picture, const Layout& layout,
-                 const examples::Selection& selection, const Comparison& comparison,
+                 const examples::Selection& selection, const examples::Comparison& comparison,
                  const KernelUse& use);
 
 } // namespace hadamard

@@ -3,14 +3,12 @@
 // As in png_input.cpp, what runs between setjmp and an error owns nothing.
 #include "png_output.h"
 
-#include "part_file.h"
-
 #include <array>
 #include <csetjmp>
 #include <cstdio>
 #include <png.h>
 
-namespace hadamard
+namespace examples
 {
 namespace
 {
@@ -62,10 +60,9 @@ bool writeAll(png_structp png, png_infop info, std::FILE* file, const Picture& p
 
 } // namespace
 
-void writePng(const std::string& path, const Picture& picture)
+void writePng(PartFile& file, const Picture& picture)
 {
     std::vector<png_byte> row(picture.rowSamples() * 2);
-    examples::PartFile file(path);
     Message message = {};
     png_structp png = png_create_write_struct(PNG_LIBPNG_VER_STRING, &message, onError, onWarning);
     png_infop info = png ? png_create_info_struct(png) : nullptr;
@@ -73,7 +70,8 @@ void writePng(const std::string& path, const Picture& picture)
     png_destroy_write_struct(&png, &info);
     if (!written)
         file.fail(message[0] != 0 ? message.data() : "not enough memory");
-    file.commit();
+    if (std::fflush(file.stream()) != 0)
+        file.fail("the file could not be written");
 }
 
-} // namespace hadamard
+} // namespace examples

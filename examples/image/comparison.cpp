@@ -6,7 +6,7 @@
 #include <cstdlib>
 #include <limits>
 
-namespace hadamard
+namespace examples
 {
 
 Comparison compare(const Picture& original, const Picture& rebuilt)
@@ -34,4 +34,4 @@ double signalToNoise(const Comparison& comparison, int peak)
     return 10 * std::log10(static_cast<double>(peak) * peak / comparison.meanSquare);
 }
 
-} // namespace hadamard
+} // namespace examples

@@ -1,12 +1,12 @@
 // png_input.h - reading PNG files of every kind.
-#ifndef HADAMARD_PNG_INPUT_H
-#define HADAMARD_PNG_INPUT_H
+#ifndef EXAMPLES_PNG_INPUT_H
+#define EXAMPLES_PNG_INPUT_H
 
 #include "picture.h"
 
 #include <string>
 
-namespace hadamard
+namespace examples
 {
 
 // Reads the whole file; throws Failure unless it is a complete PNG of a size that can be handled.
@@ -14,6 +14,6 @@ namespace hadamard
 // fewer than 8 bits are stretched to 8. Profiles, texts and the like are not read.
 Picture readPng(const std::string& path);
 
-} // namespace hadamard
+} // namespace examples
 
 #endif

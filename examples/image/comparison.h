@@ -1,10 +1,10 @@
 // comparison.h - how near a rebuilt picture comes to the original.
-#ifndef HADAMARD_COMPARISON_H
-#define HADAMARD_COMPARISON_H
+#ifndef EXAMPLES_COMPARISON_H
+#define EXAMPLES_COMPARISON_H
 
 #include "picture.h"
 
-namespace hadamard
+namespace examples
 {
 
 struct Comparison {
@@ -18,6 +18,6 @@ Comparison compare(const Picture& original, const Picture& rebuilt);
 // Peak signal-to-noise ratio in dB, 10 log10(peak^2 / mean square); infinite for equal pictures.
 double signalToNoise(const Comparison& comparison, int peak);
 
-} // namespace hadamard
+} // namespace examples
 
 #endif

@@ -1,12 +1,12 @@
 // picture.h - a picture in memory: the samples as the file holds them, at 8 or 16 bits.
-#ifndef HADAMARD_PICTURE_H
-#define HADAMARD_PICTURE_H
+#ifndef EXAMPLES_PICTURE_H
+#define EXAMPLES_PICTURE_H
 
 #include <cstddef>
 #include <cstdint>
 #include <vector>
 
-namespace hadamard
+namespace examples
 {
 
 struct Picture {
@@ -32,6 +32,6 @@ struct Picture {
     }
 };
 
-} // namespace hadamard
+} // namespace examples
 
 #endif

@@ -16,12 +16,10 @@
 #include <new>
 #include <png.h>
 
-namespace hadamard
+namespace examples
 {
 namespace
 {
-
-using examples::Failure;
 
 constexpr std::int64_t mostPixels = std::int64_t{1} << 26;
 
@@ -157,4 +155,4 @@ Picture readPng(const std::string& path)
     return PngReader(path).read();
 }
 
-} // namespace hadamard
+} // namespace examples
