@@ -16,8 +16,8 @@ struct Color {
 
 struct Rectangle {
     int left, top, width, height;
-    int right() const { return left + width; }
-    int bottom() const { return top + height; }
+    constexpr int right() const { return left + width; }
+    constexpr int bottom() const { return top + height; }
 };
 
 // Which point of a text is put at the given place.

@@ -1,0 +1,48 @@
+// channel.h - what happens between the antennas: echoes, a carrier that is slightly off, noise.
+//
+// White noise alone, or before it a multipath channel: taps at every sample with an exponential
+// power profile, each drawn once from a complex Gaussian distribution, so that every subcarrier
+// fades by Rayleigh's law. Their powers add to 1 in the mean over all seeds.
+#ifndef OFDM_CHANNEL_H
+#define OFDM_CHANNEL_H
+
+#include "random.h"
+
+#include <array>
+#include <span>
+#include <vector>
+
+namespace ofdm
+{
+
+enum class ChannelKind { white, multipath };
+
+constexpr std::size_t channelTaps = 8;  // the last echo is 7 samples late, within the prefix
+constexpr double delaySpread = 2;       // samples in which the power falls to 1/e
+constexpr double carrierOffset = 0.002; // of the distance of subcarriers; multipath only
+
+class Channel
+{
+public:
+    Channel(ChannelKind kind, double noise, std::uint64_t seed);
+
+    // The mean power gain of the echoes together, 1 for white noise.
+    double gain() const;
+
+    // What arrives of the next samples, in their place.
+    void pass(std::span<Complex> samples);
+
+private:
+    void addEchoes(std::span<Complex> samples);
+    void rotate(std::span<Complex> samples);
+
+    double noise_;
+    Random random_;
+    std::vector<Complex> taps_; // none in white noise
+    std::array<Complex, channelTaps> past_ = {};
+    double phase_ = 0;
+};
+
+} // namespace ofdm
+
+#endif
