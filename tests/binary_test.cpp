@@ -6,8 +6,7 @@
 // It reads the machine code and the tables of the file, so it belongs to optimised builds.
 // LIBRARY, HEADER and PREPROCESSOR are paths; OBJECT_LIST names a file listing the object files.
 
-#include "real_kernels.h"
-#include "wht_kernels.h"
+#include "kernels.h"
 
 #include "dct4/plans.h"
 #include "dft_complex/plans.h"
@@ -77,27 +76,22 @@ const std::map<std::string, Code>& functions()
 struct Operations {
     int additions;
     int multiplications;
-    int doublings = 0;
+    int doublings;
 };
 
-Operations operationsOf(const Kernel<Rvn64fc>& kernel)
+Operations operationsOf(const Kernel<double>& kernel)
 {
-    const dft_complex::ComplexPlan& plan = dft_complex::complexPlan(kernel.length);
-    return {plan.additions, plan.multiplications + 2 * kernel.length};
-}
-
-Operations operationsOf(const RealKernel<double>& kernel)
-{
-    if (kernel.form == Form::Hartley) {
-        const hartley::HartleyPlan& plan = hartley::hartleyPlans()[kernel.length - 2];
-        return {plan.additions, plan.multiplications};
-    }
-    if (kernel.isForward()) {
-        const dft_real::ForwardPlan& plan = dft_real::forwardPlans()[kernel.length - 2];
-        return {plan.additions, plan.multiplications};
-    }
-    const dft_real::InversePlan& plan = dft_real::inversePlans()[kernel.length - 2];
-    return {plan.additions, plan.multiplications, plan.doublings};
+    const int row = kernel.length() - 2;
+    const auto counts = [](const auto& plan, int products, int doublings) {
+        return Operations{plan.additions, plan.multiplications + products, doublings};
+    };
+    if (kernel.isComplex())
+        return counts(dft_complex::complexPlans()[row], 2 * kernel.length(), 0);
+    if (kernel.isForward())
+        return counts(dft_real::forwardPlans()[row], 0, 0);
+    if (kernel.isInverse())
+        return counts(dft_real::inversePlans()[row], 0, dft_real::inversePlans()[row].doublings);
+    return counts(hartley::hartleyPlans()[row], 0, 0);
 }
 
 struct NamedCode {
@@ -110,13 +104,12 @@ struct NamedCode {
 std::vector<NamedCode> everyKernelsCode()
 {
     std::vector<NamedCode> kernels;
-    const auto add = [&kernels](const auto& narrow, const auto& wide) {
-        for (std::size_t row = 0; row < wide.size(); ++row)
-            for (const std::string& name : {narrow[row].name, wide[row].name})
-                kernels.push_back({name, functions().at(name), operationsOf(wide[row])});
-    };
-    add(everyKernel<Rvn32fc>(), everyKernel<Rvn64fc>());
-    add(everyRealKernel<float>(), everyRealKernel<double>());
+    for (std::size_t row = 0; row < everyKernel<double>().size(); ++row) {
+        const auto& wide = everyKernel<double>()[row];
+        if (!wide.isWalshHadamard())
+            for (const std::string& name : {everyKernel<float>()[row].name, wide.name})
+                kernels.push_back({name, functions().at(name), operationsOf(wide)});
+    }
     return kernels;
 }
 
@@ -259,10 +252,10 @@ TEST(Binary, WalshHadamardKernelsAreScalarAndDoTheirButterflies)
         EXPECT_EQ(count("call"), 0) << name;
         expectStraightLine(name, code);
     };
-    for (const auto& kernel : everyWhtKernel<float>())
-        check(kernel.name, kernel.order);
-    for (const auto& kernel : everyWhtKernel<double>())
-        check(kernel.name, kernel.order);
+    for (int order = 1; order <= 13; ++order) {
+        check(kernelOf<float>(Transform::WalshHadamard, order).name, order);
+        check(kernelOf<double>(Transform::WalshHadamard, order).name, order);
+    }
 }
 
 // Constants are addressed by %rip, the frame by %rsp, and one register each holds src and dst.
@@ -311,11 +304,9 @@ TEST(Binary, FramesStayBelow8KiB)
                 EXPECT_EQ(match[3], "static") << line;
             }
     }
-    for (const NamedCode& kernel : everyKernelsCode())
+    for (const auto& kernel : everyKernel<float>())
         EXPECT_TRUE(accounted.contains(kernel.name)) << kernel.name;
-    for (const auto& kernel : everyWhtKernel<float>())
-        EXPECT_TRUE(accounted.contains(kernel.name)) << kernel.name;
-    for (const auto& kernel : everyWhtKernel<double>())
+    for (const auto& kernel : everyKernel<double>())
         EXPECT_TRUE(accounted.contains(kernel.name)) << kernel.name;
     for (const dct4::BodyPlan& plan : dct4::bodyPlans)
         for (const std::string precision : {"32f_", "64f_"})

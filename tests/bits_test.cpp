@@ -5,8 +5,7 @@
 // Nothing here may depend on the compiler, its options or the C library: inputs are integers taken
 // as bit patterns, and this program defines the sines and cosines of the DCT-IV's tables itself.
 
-#include "real_kernels.h"
-#include "wht_kernels.h"
+#include "kernels.h"
 
 #include <algorithm>
 #include <array>
@@ -145,44 +144,13 @@ private:
     std::map<std::string, std::uint64_t> hashes;
 };
 
-template <typename Element> void addComplexKernels(Hashes& hashes)
+template <typename Real> void addKernels(Hashes& hashes)
 {
-    using Real = Scalar<Element>;
-    for (const auto& kernel : everyKernel<Element>())
+    for (const auto& kernel : everyKernel<Real>())
         for (const Kind kind : everyKind) {
-            const auto parts = input<Real>(kind, 2 * kernel.length);
-            Signal<Element> x(kernel.length);
-            std::memcpy(x.data(), parts.data(), parts.size() * sizeof(Real));
-            for (const RvnScaleFlag flag : everyFlag) {
-                std::vector<Real> result;
-                for (const auto& [re, im] : transformed(kernel, x, flag))
-                    result.insert(result.end(), {re, im});
-                hashes.add(kernel.name, result);
-            }
-        }
-}
-
-template <typename Real> void addRealKernels(Hashes& hashes)
-{
-    for (const auto& kernel : everyRealKernel<Real>())
-        for (const Kind kind : everyKind) {
-            const auto x = arranged(input<Real>(kind, kernel.length), kernel.source());
+            const auto x = arranged(input<Real>(kind, kernel.parts()), kernel.source());
             for (const RvnScaleFlag flag : everyFlag)
                 hashes.add(kernel.name, resultOf(kernel, x.data(), flag));
-        }
-}
-
-template <typename Real> void addWhtKernels(Hashes& hashes)
-{
-    for (const auto& kernel : everyWhtKernel<Real>())
-        for (const Kind kind : everyKind) {
-            const auto x = input<Real>(kind, kernel.points());
-            auto y = x;
-            std::vector<Real> buffer(workElements(kernel.order));
-            for (const RvnScaleFlag flag : everyFlag) {
-                kernel.run(x.data(), y.data(), flag, buffer.data());
-                hashes.add(kernel.name, y);
-            }
         }
 }
 
@@ -213,12 +181,8 @@ void addDct4(Hashes& hashes, const std::string& name, RvnStatus (*query)(int32_t
 std::vector<std::string> everyLine()
 {
     Hashes hashes;
-    addComplexKernels<Rvn32fc>(hashes);
-    addComplexKernels<Rvn64fc>(hashes);
-    addRealKernels<float>(hashes);
-    addRealKernels<double>(hashes);
-    addWhtKernels<float>(hashes);
-    addWhtKernels<double>(hashes);
+    addKernels<float>(hashes);
+    addKernels<double>(hashes);
     addDct4(hashes, "rvngDCT4_32f", rvngDCT4GetSize_32f, rvngDCT4Init_32f, rvngDCT4_32f);
     addDct4(hashes, "rvngDCT4_64f", rvngDCT4GetSize_64f, rvngDCT4Init_64f, rvngDCT4_64f);
     return hashes.lines();

@@ -1,7 +1,7 @@
 // The exported DCT-IV functions by element type, and a plan in a block of the test's own.
 #pragma once
 
-#include "real_kernels.h"
+#include "kernels.h"
 
 #include "dct4/environments.h"
 
@@ -71,10 +71,5 @@ private:
     std::vector<std::byte> block_;
     typename Dct4<Real>::Spec* spec_ = nullptr;
 };
-
-template <typename Real> bool haveSameBits(const std::vector<Real>& x, const std::vector<Real>& y)
-{
-    return x.size() == y.size() && std::memcmp(x.data(), y.data(), x.size() * sizeof(Real)) == 0;
-}
 
 } // namespace rvn::tests

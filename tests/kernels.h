@@ -1,7 +1,10 @@
-// Every kernel of the library as a row of one table, and what the tests do with a row: draw a
-// signal, run the kernel on it, compare bits.
+// Every kernel of the library as a row of one table, whatever its family, and what the tests do
+// with a row.
 //
-// A kernel always writes into memory filled with NaN, so that an output it leaves out cannot pass.
+// A kernel maps parts to parts: the numbers of a real signal in order, real and imaginary parts of
+// a complex one in turn, and of a half spectrum R(0), R(1), I(1), R(2), ... A layout tells in which
+// slot of a kernel's array a part stands. Slots without a part hold NaN when a kernel reads them,
+// and all slots hold NaN before it writes, so that an output it leaves out cannot pass.
 #pragma once
 
 #include "rvngenmx.h"
@@ -14,114 +17,224 @@
 #include <random>
 #include <string>
 #include <type_traits>
-#include <utility>
 #include <vector>
 
 namespace rvn::tests
 {
 
-template <typename Element> using Scalar = decltype(Element::re);
-template <typename Element> using Signal = std::vector<Element>;
-
-template <typename Element> struct Kernel {
-    std::string name;
-    int length;
-    bool isInverse;
-    RvnStatus (*run)(const Element*, Element*, RvnScaleFlag);
-    RvnStatus (*dispatch)(const Element*, Element*, int32_t, RvnScaleFlag);
+enum class Transform {
+    Forward,
+    Inverse,
+    ToCCS,
+    ToPack,
+    ToPerm,
+    FromCCS,
+    FromPack,
+    FromPerm,
+    Hartley,
+    WalshHadamard
 };
 
-#define RVN_TEST_KERNEL(N, transform, suffix, isInverse)                                           \
-    {#transform "_" #N "_" #suffix, N, isInverse, transform##_##N##_##suffix, transform##_##suffix},
+enum class Layout { InOrder, CCS, Perm }; // InOrder: Pack, and everything but half spectra
 
-// By direction, then by length: all forward kernels of a precision, then its inverse ones.
-template <typename Element> const std::vector<Kernel<Element>>& everyKernel();
+template <typename Real> struct Kernel {
+    using enum Transform;
 
-template <> inline const std::vector<Kernel<Rvn32fc>>& everyKernel()
+    std::string name;
+    Transform transform;
+    int size; // the length, or the order: what a dispatcher is told
+    RvnStatus (*kernel)(const Real*, Real*, RvnScaleFlag, void*);
+    RvnStatus (*dispatcher)(const Real*, Real*, int32_t, RvnScaleFlag, void*);
+
+    RvnStatus run(const Real* src, Real* dst, RvnScaleFlag flag, void* buffer = nullptr) const
+    {
+        return kernel(src, dst, flag, buffer);
+    }
+
+    bool isComplex() const { return transform <= Inverse; }
+    bool isWalshHadamard() const { return transform == WalshHadamard; }
+    bool isForward() const
+    {
+        return transform == Forward || (transform >= ToCCS && transform <= ToPerm);
+    }
+    bool isInverse() const
+    {
+        return transform == Inverse || (transform >= FromCCS && transform <= FromPerm);
+    }
+
+    int length() const { return isWalshHadamard() ? 1 << size : size; }
+    int parts() const { return isComplex() ? 2 * length() : length(); }
+    Layout source() const { return isInverse() ? layout() : Layout::InOrder; }
+    Layout destination() const { return isInverse() ? Layout::InOrder : layout(); }
+
+    // The factor S under a flag, both roundings of 1/sqrt(N) included.
+    Real scale(RvnScaleFlag flag) const
+    {
+        const double N = length();
+        const bool isScaled =
+            (flag == RvnScaleFwdByN && !isInverse()) || (flag == RvnScaleInvByN && !isForward());
+        return static_cast<Real>(flag == RvnScaleBySqrtN ? 1.0 / std::sqrt(N)
+                                 : isScaled              ? 1.0 / N
+                                                         : 1.0);
+    }
+
+    // Elements of work memory.
+    int workElements() const
+    {
+        static constexpr int elements[] = {256, 512, 1024, 2048, 4096 + 256, 8192 + 1024};
+        return isWalshHadamard() && size >= 8 ? elements[size - 8] : 0;
+    }
+
+private:
+    Layout layout() const
+    {
+        return transform == ToCCS || transform == FromCCS     ? Layout::CCS
+               : transform == ToPerm || transform == FromPerm ? Layout::Perm
+                                                              : Layout::InOrder;
+    }
+};
+
+// An exported function of any family on arrays of Reals. Only some take the buffer.
+template <typename Real, typename Element, typename... Rest>
+RvnStatus callOn(const Real* src, Real* dst,
+                 RvnStatus (*function)(const Element*, Element*, Rest...),
+                 std::type_identity_t<Rest>... rest)
 {
-    static const std::vector<Kernel<Rvn32fc>> kernels = {
-        RVNG_LENGTHS_2_TO_64(RVN_TEST_KERNEL, rvngDFTFwd_CToC, 32fc, false)
-            RVNG_LENGTHS_2_TO_64(RVN_TEST_KERNEL, rvngDFTInv_CToC, 32fc, true)};
+    return function(reinterpret_cast<const Element*>(src), reinterpret_cast<Element*>(dst),
+                    rest...);
+}
+
+template <typename Real, auto function>
+RvnStatus asKernel(const Real* src, Real* dst, RvnScaleFlag flag, void* buffer)
+{
+    if constexpr (requires { function(src, dst, flag, buffer); })
+        return function(src, dst, flag, buffer);
+    else
+        return callOn(src, dst, function, flag);
+}
+
+template <typename Real, auto function>
+RvnStatus asDispatcher(const Real* src, Real* dst, int32_t size, RvnScaleFlag flag, void* buffer)
+{
+    if constexpr (requires { function(src, dst, size, flag, buffer); })
+        return function(src, dst, size, flag, buffer);
+    else
+        return callOn(src, dst, function, size, flag);
+}
+
+#define RVN_TEST_KERNEL(N, function, suffix, transform)                                            \
+    {#function "_" #N "_" #suffix, Transform::transform, N,                                        \
+     asKernel<Real, function##_##N##_##suffix>, asDispatcher<Real, function##_##suffix>},
+
+// By transform, then by size.
+#define RVN_TEST_KERNELS(real, complex)                                                            \
+    RVNG_LENGTHS_2_TO_64(RVN_TEST_KERNEL, rvngDFTFwd_CToC, complex, Forward)                       \
+    RVNG_LENGTHS_2_TO_64(RVN_TEST_KERNEL, rvngDFTInv_CToC, complex, Inverse)                       \
+    RVNG_LENGTHS_2_TO_64(RVN_TEST_KERNEL, rvngDFTFwd_RToCCS, real, ToCCS)                          \
+    RVNG_LENGTHS_2_TO_64(RVN_TEST_KERNEL, rvngDFTFwd_RToPack, real, ToPack)                        \
+    RVNG_LENGTHS_2_TO_64(RVN_TEST_KERNEL, rvngDFTFwd_RToPerm, real, ToPerm)                        \
+    RVNG_LENGTHS_2_TO_64(RVN_TEST_KERNEL, rvngDFTInv_CCSToR, real, FromCCS)                        \
+    RVNG_LENGTHS_2_TO_64(RVN_TEST_KERNEL, rvngDFTInv_PackToR, real, FromPack)                      \
+    RVNG_LENGTHS_2_TO_64(RVN_TEST_KERNEL, rvngDFTInv_PermToR, real, FromPerm)                      \
+    RVNG_LENGTHS_2_TO_64(RVN_TEST_KERNEL, rvngHartley, real, Hartley)                              \
+    RVNG_ORDERS_1_TO_13(RVN_TEST_KERNEL, rvngWHT, real, WalshHadamard)
+
+template <typename Real> const std::vector<Kernel<Real>>& everyKernel();
+
+template <> inline const std::vector<Kernel<float>>& everyKernel()
+{
+    using Real = float;
+    static const std::vector<Kernel<Real>> kernels = {RVN_TEST_KERNELS(32f, 32fc)};
     return kernels;
 }
 
-template <> inline const std::vector<Kernel<Rvn64fc>>& everyKernel()
+template <> inline const std::vector<Kernel<double>>& everyKernel()
 {
-    static const std::vector<Kernel<Rvn64fc>> kernels = {
-        RVNG_LENGTHS_2_TO_64(RVN_TEST_KERNEL, rvngDFTFwd_CToC, 64fc, false)
-            RVNG_LENGTHS_2_TO_64(RVN_TEST_KERNEL, rvngDFTInv_CToC, 64fc, true)};
+    using Real = double;
+    static const std::vector<Kernel<Real>> kernels = {RVN_TEST_KERNELS(64f, 64fc)};
     return kernels;
 }
 
-template <typename Element> const Kernel<Element>& kernelOf(int length, bool isInverse)
+template <typename Real> const Kernel<Real>& kernelOf(Transform transform, int size)
 {
-    return everyKernel<Element>().at(length - 2 + (isInverse ? 63 : 0));
+    const int first = transform == Transform::WalshHadamard ? 1 : 2;
+    return everyKernel<Real>().at(static_cast<int>(transform) * 63 + size - first);
 }
 
 inline constexpr RvnScaleFlag everyFlag[] = {RvnScaleFwdByN, RvnScaleInvByN, RvnScaleBySqrtN,
                                              RvnScaleNone};
 
-// The factor S of a kernel under a flag, both roundings of 1/sqrt(N) included.
-template <typename Element> Scalar<Element> scaleOf(const Kernel<Element>& kernel, int flag)
-{
-    const double N = kernel.length;
-    if (flag == RvnScaleBySqrtN)
-        return static_cast<Scalar<Element>>(1.0 / std::sqrt(N));
-    const bool isScaled = flag == (kernel.isInverse ? RvnScaleInvByN : RvnScaleFwdByN);
-    return static_cast<Scalar<Element>>(isScaled ? 1.0 / N : 1.0);
-}
+template <typename Real> constexpr Real nan = std::numeric_limits<Real>::quiet_NaN();
 
 // Uniform in (-1, 1) times a power of two up to 2^spread in either direction.
-template <typename Element> Signal<Element> randomSignal(int length, unsigned seed, int spread = 0)
+template <typename Real> std::vector<Real> randomParts(int count, unsigned seed, int spread = 0)
 {
     std::mt19937 generator(seed);
-    const auto draw = [&] {
+    std::vector<Real> parts;
+    for (int i = 0; i < count; ++i) {
         const double mantissa = std::uniform_real_distribution<double>(-1, 1)(generator);
         const int exponent = std::uniform_int_distribution<int>(-spread, spread)(generator);
-        return static_cast<Scalar<Element>>(std::ldexp(mantissa, exponent));
-    };
-    Signal<Element> signal(length);
-    for (Element& x : signal) {
-        x.re = draw();
-        x.im = draw();
+        parts.push_back(static_cast<Real>(std::ldexp(mantissa, exponent)));
     }
-    return signal;
+    return parts;
 }
 
-template <typename Element> Signal<Element> impulse(int length, int place, Element value)
+// One part and nothing else.
+template <typename Real> std::vector<Real> unitPart(int count, int part)
 {
-    Signal<Element> signal(length, {0, 0});
-    signal[place] = value;
-    return signal;
+    std::vector<Real> parts(count);
+    parts[part] = 1;
+    return parts;
 }
 
-template <typename Element> Signal<Element> crossed(Signal<Element> signal)
+inline int slotCount(Layout layout, int parts)
 {
-    for (Element& x : signal)
-        std::swap(x.re, x.im);
-    return signal;
+    return layout == Layout::CCS ? parts + 2 - parts % 2 : parts;
 }
 
-template <typename Element> Signal<Element> allNaN(int length)
+inline int slotOf(Layout layout, int parts, int part)
 {
-    constexpr auto nan = std::numeric_limits<Scalar<Element>>::quiet_NaN();
-    return Signal<Element>(length, {nan, nan});
+    if (part == 0 || layout == Layout::InOrder || (layout == Layout::Perm && parts % 2 == 1))
+        return part;
+    return layout == Layout::Perm && part == parts - 1 ? 1 : part + 1;
 }
 
-template <typename Element>
-Signal<Element> transformed(const Kernel<Element>& kernel,
-                            const std::type_identity_t<Signal<Element>>& x, RvnScaleFlag flag)
+template <typename Real>
+std::vector<Real> arranged(const std::vector<Real>& parts, Layout layout, Real rest = nan<Real>)
 {
-    Signal<Element> X = allNaN<Element>(kernel.length);
-    EXPECT_EQ(kernel.run(x.data(), X.data(), flag), RvnStatusNoError) << kernel.name;
-    return X;
+    const int count = static_cast<int>(parts.size());
+    std::vector<Real> slots(slotCount(layout, count), rest);
+    for (int part = 0; part < count; ++part)
+        slots[slotOf(layout, count, part)] = parts[part];
+    return slots;
 }
 
-template <typename Element> bool sameBits(const Signal<Element>& x, const Signal<Element>& y)
+// The whole array that a kernel makes of the array at src.
+template <typename Real>
+std::vector<Real> resultOf(const Kernel<Real>& kernel, const Real* src, RvnScaleFlag flag)
 {
-    return x.size() == y.size() && std::memcmp(x.data(), y.data(), x.size() * sizeof(Element)) == 0;
+    std::vector<Real> slots(slotCount(kernel.destination(), kernel.parts()), nan<Real>);
+    EXPECT_EQ(kernel.run(src, slots.data(), flag), RvnStatusNoError) << kernel.name;
+    return slots;
 }
 
-using Elements = ::testing::Types<Rvn32fc, Rvn64fc>;
+// From parts to parts.
+template <typename Real>
+std::vector<Real> transformed(const Kernel<Real>& kernel, const std::vector<Real>& parts,
+                              RvnScaleFlag flag)
+{
+    const auto slots = resultOf(kernel, arranged(parts, kernel.source()).data(), flag);
+    std::vector<Real> result;
+    for (int part = 0; part < kernel.parts(); ++part)
+        result.push_back(slots[slotOf(kernel.destination(), kernel.parts(), part)]);
+    return result;
+}
+
+template <typename Real> bool haveSameBits(const std::vector<Real>& x, const std::vector<Real>& y)
+{
+    return x.size() == y.size() && std::memcmp(x.data(), y.data(), x.size() * sizeof(Real)) == 0;
+}
+
+using Reals = ::testing::Types<float, double>;
 
 } // namespace rvn::tests

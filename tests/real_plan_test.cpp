@@ -87,10 +87,7 @@ void expectSum(const Graph& graph, const std::vector<Wide>& inputs,
 
 std::vector<Wide> realSignal(int length)
 {
-    std::vector<Wide> signal;
-    for (const Rvn64fc& value : randomSignal<Rvn64fc>(length, 2))
-        signal.emplace_back(value.re);
-    return signal;
+    return scaled(randomParts<double>(length, 2), 1);
 }
 
 // A row's counts are the kernel's: with the products by S and the negations that follow them.

@@ -1,12 +1,16 @@
 // Which operations of a kernel are binary32 and which binary64, to the last bit.
 //
-// Sums and differences of binary32 values are binary32 operations. An expression with constants is
-// evaluated in binary64 and rounded once where it ends. Four lengths are written out here from
-// their formulas; at all lengths a compiled kernel equals its graph, interpreted.
+// Sums and differences of binary32 values are binary32 operations; an expression with constants is
+// evaluated in binary64 and rounded once where it ends. A forward real part that ends in such an
+// expression is multiplied by S before that rounding, everything else by S in binary32. A few
+// lengths are written out here from their formulas; at all lengths a compiled kernel equals its
+// graph, interpreted. +0 and -0 compare equal.
 
 #include "reference.h"
 
 #include "dft_complex/kernels.h"
+#include "dft_real/kernels.h"
+#include "hartley/kernels.h"
 #include "kernelgen/evaluate.h"
 
 namespace rvn::tests
@@ -15,22 +19,12 @@ namespace rvn::tests
 namespace
 {
 
-using Spectrum = Signal<Rvn32fc>;
+using enum Transform;
+using Parts = std::vector<float>;
+using Complex = std::complex<float>;
+using Complexes = std::vector<Complex>;
 
-Rvn32fc operator+(Rvn32fc x, Rvn32fc y)
-{
-    return {x.re + y.re, x.im + y.im};
-}
-
-Rvn32fc operator-(Rvn32fc x, Rvn32fc y)
-{
-    return {x.re - y.re, x.im - y.im};
-}
-
-Rvn32fc timesI(Rvn32fc x)
-{
-    return {-x.im, x.re};
-}
+constexpr double halfRoot3 = 0.8660254037844386;
 
 float rounded(double x)
 {
@@ -47,76 +41,134 @@ double sine(int turns, int N)
     return static_cast<double>(unitRoot(turns, N).imag());
 }
 
-Spectrum length3(const Spectrum& x)
+Complex timesI(Complex x)
 {
-    const Rvn32fc s = x[1] + x[2];
-    const Rvn32fc d = x[1] - x[2];
-    const double c = sine(1, 3);
-    const Rvn32fc u = {rounded(x[0].re - 0.5 * s.re), rounded(x[0].im - 0.5 * s.im)};
-    const Rvn32fc v = {rounded(c * d.re), rounded(c * d.im)};
-    return {x[0] + s, u - timesI(v), u + timesI(v)};
+    return {-x.imag(), x.real()};
 }
 
-Spectrum length5(const Spectrum& x)
+Complexes complex5(const Complexes& x)
 {
-    const Rvn32fc s1 = x[1] + x[4], s2 = x[2] + x[3];
-    const Rvn32fc d1 = x[1] - x[4], d2 = x[2] - x[3];
-    Spectrum X(5);
+    const Complex s1 = x[1] + x[4], s2 = x[2] + x[3];
+    const Complex d1 = x[1] - x[4], d2 = x[2] - x[3];
+    Complexes X(5);
     X[0] = (x[0] + s1) + s2;
     for (const int k : {1, 2}) {
         const double c1 = cosine(k, 5), c2 = cosine(2 * k, 5);
         const double t1 = sine(k, 5), t2 = sine(2 * k, 5);
-        const Rvn32fc A = {rounded((x[0].re + c1 * s1.re) + c2 * s2.re),
-                           rounded((x[0].im + c1 * s1.im) + c2 * s2.im)};
-        const Rvn32fc B = {rounded(t1 * d1.re + t2 * d2.re), rounded(t1 * d1.im + t2 * d2.im)};
+        const Complex A = {rounded((x[0].real() + c1 * s1.real()) + c2 * s2.real()),
+                           rounded((x[0].imag() + c1 * s1.imag()) + c2 * s2.imag())};
+        const Complex B = {rounded(t1 * d1.real() + t2 * d2.real()),
+                           rounded(t1 * d1.imag() + t2 * d2.imag())};
         X[k] = A - timesI(B);
         X[5 - k] = A + timesI(B);
     }
     return X;
 }
 
-Spectrum length4(const Spectrum& x)
+Complexes complex4(const Complexes& x)
 {
-    const Rvn32fc t0 = x[0] + x[2], t1 = x[0] - x[2];
-    const Rvn32fc t2 = x[1] + x[3], t3 = x[1] - x[3];
+    const Complex t0 = x[0] + x[2], t1 = x[0] - x[2];
+    const Complex t2 = x[1] + x[3], t3 = x[1] - x[3];
     return {t0 + t2, t1 - timesI(t3), t0 - t2, t1 + timesI(t3)};
 }
 
-Spectrum length8(const Spectrum& x)
+Complexes complex8(const Complexes& x)
 {
-    Spectrum sums, differences;
+    Complexes sums, differences;
     for (int n = 0; n < 4; ++n) {
         sums.push_back(x[n] + x[n + 4]);
         differences.push_back(x[n] - x[n + 4]);
     }
-    const auto turnedByAnEighth = [](Rvn32fc a) -> Rvn32fc {
-        const float p = rounded(cosine(1, 8) * a.re);
-        const float q = rounded(cosine(1, 8) * a.im);
+    const auto turnedByAnEighth = [](Complex a) -> Complex {
+        const float p = rounded(cosine(1, 8) * a.real());
+        const float q = rounded(cosine(1, 8) * a.imag());
         return {p + q, q - p};
     };
-    const Rvn32fc third = turnedByAnEighth(differences[3]);
     differences[1] = turnedByAnEighth(differences[1]);
-    differences[2] = {differences[2].im, -differences[2].re};
-    differences[3] = {third.im, -third.re};
-    const Spectrum even = length4(sums), odd = length4(differences);
+    differences[2] = -timesI(differences[2]);
+    differences[3] = -timesI(turnedByAnEighth(differences[3]));
+    const Complexes even = complex4(sums), odd = complex4(differences);
     return {even[0], odd[0], even[1], odd[1], even[2], odd[2], even[3], odd[3]};
 }
 
-TEST(SinglePrecision, Lengths3And4And5And8AreTheirFormulasBitForBit)
+// Through the formula on complex numbers, then times S.
+template <Complexes (*formula)(const Complexes&)> Parts onPairs(const Parts& x, float S)
+{
+    Complexes signal;
+    for (std::size_t part = 0; part < x.size(); part += 2)
+        signal.emplace_back(x[part], x[part + 1]);
+    Parts X;
+    for (const Complex& bin : formula(signal))
+        X.insert(X.end(), {S * bin.real(), S * bin.imag()});
+    return X;
+}
+
+Parts forward3(const Parts& x, float S)
+{
+    const double wideS = S;
+    const float t = x[1] + x[2], u = x[1] - x[2];
+    return {S * (x[0] + t), rounded(wideS * (x[0] - 0.5 * t)), rounded(-(wideS * (halfRoot3 * u)))};
+}
+
+Parts forward4(const Parts& x, float S)
+{
+    const float p = x[0] + x[2], q = x[1] + x[3];
+    return {S * (p + q), S * (x[0] - x[2]), -(S * (x[1] - x[3])), S * (p - q)};
+}
+
+Parts forward5(const Parts& x, float S)
+{
+    const double wideS = S;
+    const float t1 = x[1] + x[4], t2 = x[2] + x[3];
+    const float u1 = x[1] - x[4], u2 = x[2] - x[3];
+    Parts X = {S * ((x[0] + t1) + t2)};
+    for (const int k : {1, 2}) {
+        X.push_back(rounded(wideS * ((x[0] + cosine(k, 5) * t1) + cosine(2 * k, 5) * t2)));
+        X.push_back(rounded(-(wideS * (sine(k, 5) * u1 + sine(2 * k, 5) * u2))));
+    }
+    return X;
+}
+
+Parts inverse5(const Parts& X, float S)
+{
+    const float r1 = 2 * X[1], s1 = 2 * X[2];
+    const float r2 = 2 * X[3], s2 = 2 * X[4];
+    Parts y(5);
+    y[0] = S * ((X[0] + r1) + r2);
+    for (const int n : {1, 2}) {
+        const float A = rounded((X[0] + cosine(n, 5) * r1) + cosine(2 * n, 5) * r2);
+        const float B = rounded(sine(n, 5) * s1 + sine(2 * n, 5) * s2);
+        y[n] = S * (A - B);
+        y[5 - n] = S * (A + B);
+    }
+    return y;
+}
+
+Parts hartley3(const Parts& x, float S)
+{
+    const float t = x[1] + x[2];
+    const float a = rounded(x[0] - 0.5 * t);
+    const float b = rounded(halfRoot3 * (x[1] - x[2]));
+    return {S * (t + x[0]), S * (a + b), S * (a - b)};
+}
+
+TEST(SinglePrecision, ShortLengthsAreTheirFormulasBitForBit)
 {
     const struct {
+        Transform transform;
         int length;
-        Spectrum (*formula)(const Spectrum&);
-    } table[] = {{3, length3}, {4, length4}, {5, length5}, {8, length8}};
-    for (const auto& [length, formula] : table)
+        Parts (*formula)(const Parts&, float);
+    } table[] = {{Forward, 4, onPairs<complex4>}, {Forward, 5, onPairs<complex5>},
+                 {Forward, 8, onPairs<complex8>}, {ToPack, 3, forward3},
+                 {ToPack, 4, forward4},           {ToPack, 5, forward5},
+                 {FromPack, 5, inverse5},         {Hartley, 3, hartley3}};
+    for (const auto& [transform, length, formula] : table)
         for (const RvnScaleFlag flag : everyFlag)
             for (unsigned seed = 0; seed < 100; ++seed) {
-                const auto& kernel = kernelOf<Rvn32fc>(length, seed % 2 == 1);
-                const Spectrum x = randomSignal<Rvn32fc>(length, seed, seed % 3 == 0 ? 10 : 0);
-                Spectrum X = kernel.isInverse ? crossed(formula(crossed(x))) : formula(x);
-                for (Rvn32fc& bin : X)
-                    bin = {scaleOf(kernel, flag) * bin.re, scaleOf(kernel, flag) * bin.im};
-                ASSERT_TRUE(sameBits(transformed(kernel, x, flag), X)) << kernel.name << flag;
+                const auto& kernel = kernelOf<float>(transform, length);
+                const Parts x = randomParts<float>(kernel.parts(), seed, seed % 3 == 0 ? 10 : 0);
+                ASSERT_EQ(transformed(kernel, x, flag), formula(x, kernel.scale(flag)))
+                    << kernel.name << ", flag " << flag << ", seed " << seed;
             }
 }
 
@@ -124,45 +176,78 @@ TEST(SinglePrecision, Lengths3And4And5And8AreTheirFormulasBitForBit)
 TEST(SinglePrecision, AnExpressionOverflowsOnlyWhereItIsRounded)
 {
     constexpr float most = std::numeric_limits<float>::max();
-    Spectrum x(5, {0.45f * most, 0});
-    x[0].re = 0.9f * most;
-    for (const bool isInverse : {false, true}) {
-        const Spectrum X = transformed(kernelOf<Rvn32fc>(5, isInverse), x, RvnScaleNone);
-        EXPECT_EQ(X[0].re, std::numeric_limits<float>::infinity());
+    const Parts x = {0.9f * most,  0, 0.45f * most, 0, 0.45f * most, 0,
+                     0.45f * most, 0, 0.45f * most, 0};
+    for (const Transform transform : {Forward, Inverse}) {
+        const Parts X = transformed(kernelOf<float>(transform, 5), x, RvnScaleNone);
+        EXPECT_EQ(X[0], std::numeric_limits<float>::infinity());
         for (int k = 1; k < 5; ++k)
-            EXPECT_NEAR(X[k].re / most, 0.45, 1e-6) << k;
+            EXPECT_NEAR(X[2 * k] / most, 0.45, 1e-6) << k;
     }
 }
 
-template <typename Element> class Model : public ::testing::Test
+// Rounded to binary32 before the factor 1/3, the first would be infinite, and 4.5 units of the
+// second would become 4 and then 1.
+TEST(SinglePrecision, ForwardRealExpressionsAreScaledBeforeTheyAreRounded)
+{
+    const auto& kernel = kernelOf<float>(ToPack, 3);
+    constexpr float most = std::numeric_limits<float>::max();
+    const Parts large = {0.9f * most, -0.45f * most, -0.45f * most};
+    EXPECT_NEAR(transformed(kernel, large, RvnScaleFwdByN)[1] / most, 0.45, 1e-6);
+    constexpr float unit = std::numeric_limits<float>::denorm_min();
+    const Parts small = {0, -4 * unit, -5 * unit};
+    EXPECT_EQ(transformed(kernel, small, RvnScaleFwdByN)[1], 2 * unit);
+}
+
+template <typename Real> class Model : public ::testing::Test
 {
 };
 
-TYPED_TEST_SUITE(Model, Elements);
+TYPED_TEST_SUITE(Model, Reals);
+
+template <typename Real> kernelgen::Graph graphOf(const Kernel<Real>& kernel)
+{
+    const int row = kernel.length() - 2;
+    return kernel.isComplex()   ? dft_complex::complexGraph(dft_complex::complexPlans()[row])
+           : kernel.isForward() ? dft_real::forwardGraph(dft_real::forwardPlans()[row])
+           : kernel.isInverse() ? dft_real::inverseGraph(dft_real::inversePlans()[row])
+                                : hartley::hartleyGraph(hartley::hartleyPlans()[row]);
+}
+
+// The inverse complex transform is the forward one with real and imaginary parts exchanged on both
+// sides.
+template <typename Real>
+std::vector<Real> exchanged(const Kernel<Real>& kernel, std::vector<Real> parts)
+{
+    if (kernel.transform == Inverse)
+        for (std::size_t part = 0; part < parts.size(); part += 2)
+            std::swap(parts[part], parts[part + 1]);
+    return parts;
+}
 
 TYPED_TEST(Model, EveryCompiledKernelEqualsItsGraphBitForBit)
 {
-    using Real = Scalar<TypeParam>;
-    constexpr auto format =
-        std::is_same_v<Real, double> ? kernelgen::Format::Binary64 : kernelgen::Format::Binary32;
+    using enum kernelgen::Format;
+    constexpr auto element = std::is_same_v<TypeParam, double> ? Binary64 : Binary32;
     for (const auto& kernel : everyKernel<TypeParam>()) {
-        const kernelgen::Graph graph =
-            dft_complex::complexGraph(dft_complex::complexPlan(kernel.length));
-        const auto formats = kernelgen::assignFormats(graph, format);
+        if (kernel.isWalshHadamard())
+            continue;
+        const kernelgen::Graph graph = graphOf(kernel);
+        const auto formats = kernelgen::assignFormats(graph, element);
         for (unsigned seed = 0; seed < 8; ++seed) {
-            const auto x = randomSignal<TypeParam>(kernel.length, seed, seed < 4 ? 0 : 12);
-            std::vector<double> inputs;
-            for (const TypeParam& value : kernel.isInverse ? crossed(x) : x)
-                inputs.insert(inputs.end(), {value.re, value.im});
-            const std::vector<double> outputs = kernelgen::evaluate(graph, formats, inputs);
+            const auto x = randomParts<TypeParam>(kernel.parts(), seed, seed < 4 ? 0 : 12);
+            const auto parts = exchanged(kernel, x);
+            const std::vector<double> inputs(parts.begin(), parts.end());
             const RvnScaleFlag flag = everyFlag[seed % 4];
-            const Real S = scaleOf(kernel, flag);
-            Signal<TypeParam> X;
-            for (std::size_t k = 0; k < outputs.size(); k += 2)
-                X.push_back(
-                    {S * static_cast<Real>(outputs[k]), S * static_cast<Real>(outputs[k + 1])});
-            ASSERT_TRUE(sameBits(transformed(kernel, x, flag), kernel.isInverse ? crossed(X) : X))
-                << kernel.name;
+            const TypeParam S = kernel.scale(flag);
+            std::vector<TypeParam> X;
+            for (const double value : kernelgen::evaluate(graph, formats, inputs)) {
+                const bool isWide = formats[graph.outputs[X.size()].node].held != element;
+                X.push_back(isWide ? static_cast<TypeParam>(static_cast<double>(S) * value)
+                                   : S * static_cast<TypeParam>(value));
+            }
+            ASSERT_EQ(transformed(kernel, x, flag), exchanged(kernel, X))
+                << kernel.name << ", flag " << flag;
         }
     }
 }
