@@ -1,6 +1,5 @@
-// The DCT-IV and the odd-frequency transform in long double: by their definitions, and the former
-// also through a complex Fourier transform of half the length, which shares no step with the
-// library. And the order of the factors in a table, as a list.
+// The DCT-IV and the odd-frequency transform in long double, by their definitions. And the order of
+// the factors in a table, as a list.
 #pragma once
 
 #include "reference.h"
@@ -41,47 +40,6 @@ template <typename Real> std::vector<Wide> dct4BySum(const std::vector<Real>& x)
     std::vector<Wide> X;
     for (int k = 0; k < N; ++k)
         X.emplace_back(dct4Output(x, k, cosines));
-    return X;
-}
-
-// X[k] = sum over n of x[n] e^(-2 pi i n k / N), N a power of two, by halves.
-inline std::vector<Wide> fourier(const std::vector<Wide>& x)
-{
-    const int N = static_cast<int>(x.size());
-    if (N == 1)
-        return x;
-    std::vector<Wide> even, odd;
-    for (int n = 0; n < N; n += 2) {
-        even.push_back(x[n]);
-        odd.push_back(x[n + 1]);
-    }
-    even = fourier(even);
-    odd = fourier(odd);
-    std::vector<Wide> X(N);
-    for (int k = 0; k < N / 2; ++k) {
-        const Wide turned = unitRoot(-k, N) * odd[k];
-        X[k] = even[k] + turned;
-        X[k + N / 2] = even[k] - turned;
-    }
-    return X;
-}
-
-// With z[n] = (x[2n] + i x[N - 1 - 2n]) w(n) and Z(k) its Fourier transform times w(k), where
-// w(n) = e^(-i pi (8n + 1) / (8N)): X[2k] = Re Z(k), X[N - 1 - 2k] = -Im Z(k).
-template <typename Real> std::vector<Wide> dct4ByFourier(const std::vector<Real>& x)
-{
-    const int N = static_cast<int>(x.size());
-    const auto w = [N](int n) { return unitRoot(-(8L * n + 1), 16 * N); };
-    std::vector<Wide> z;
-    for (int n = 0; n < N / 2; ++n)
-        z.push_back(Wide(x[2 * n], x[N - 1 - 2 * n]) * w(n));
-    z = fourier(z);
-    std::vector<Wide> X(N);
-    for (int k = 0; k < N / 2; ++k) {
-        const Wide turned = z[k] * w(k);
-        X[2 * k] = turned.real();
-        X[N - 1 - 2 * k] = -turned.imag();
-    }
     return X;
 }
 

@@ -1,5 +1,5 @@
-// The objects of a plan, from its handle down: which there are, with which numbers and in which
-// order, and what their tables of factors hold.
+// The objects of a plan, from its handle down: which there are and how they work, in which order
+// they lie in the block, and what their tables of factors hold.
 
 #include "dct4_kernels.h"
 #include "dct4_reference.h"
@@ -22,170 +22,100 @@ template <typename Real> class Dct4Tree : public ::testing::Test
 
 TYPED_TEST_SUITE(Dct4Tree, Reals);
 
-using Numbers = std::vector<int>;
-using Items = std::vector<const EnvObject*>;
-
-Items itemsOf(const EnvList* list)
-{
-    Items items;
-    for (const EnvList* node = list; node != nullptr; node = node->next)
-        items.push_back(node->item);
-    return items;
-}
-
-const Items nothing = {nullptr};
-
 template <typename Object> const Object& onlyItem(const EnvList* list)
 {
-    EXPECT_EQ(itemsOf(list).size(), 1u);
+    EXPECT_EQ(list->next, nullptr);
     EXPECT_EQ(list->item->objectSize, static_cast<int>(sizeof(Object)));
     return *reinterpret_cast<const Object*>(list->item);
 }
 
-template <typename Object> const EnvObject* headOf(const Object& object)
-{
-    return &object.header.object;
-}
+// A split, the mode of its rows and that of what lies below it.
+struct Split {
+    int size, radix, rowMode, subMode;
 
-bool ascend(const std::vector<const void*>& addresses)
-{
-    return std::ranges::adjacent_find(addresses, std::greater_equal<>()) == addresses.end();
-}
-
-// An inner split, and the mode of what lies below it.
-struct Level {
-    int size;
-    int radix;
-    int subMode;
+    bool operator==(const Split&) const = default;
 };
 
-struct Tree {
-    int size;
-    int radix;
-    int rowMode;
-    int subMode;
-    std::vector<Level> levels;
+// The splits of a plan from the top, and the addresses of all that it takes from the block, in the
+// documented order: what belongs to outputs before what belongs to inputs, and arrays at the end.
+template <typename Real> struct Walk {
+    std::vector<Split> splits;
+    std::vector<const void*> addresses;
+
+    explicit Walk(const Env1<Real>& env1)
+    {
+        const auto& env2 = onlyItem<Env2<Real>>(env1.env2List);
+        const auto& env3 = onlyItem<Env3<Real>>(env1.env3List);
+        EXPECT_EQ(env2.radix, env1.radix);
+        splits.push_back({env1.size, env1.radix, env2.mode, env3.mode});
+        take({&env1, env1.env2List, env1.env3List, env1.children, &env2, env2.generator,
+              env2.children, env2.twiddles, &env3, env3.env4List, env3.children});
+        below(env3.env4List);
+        take({env1.scratch});
+    }
+
+private:
+    void take(const std::vector<const void*>& more)
+    {
+        addresses.insert(addresses.end(), more.begin(), more.end());
+    }
+
+    void below(const EnvList* list)
+    {
+        if (list->item == nullptr)
+            return;
+        const auto& env4 = onlyItem<Env4<Real>>(list);
+        const auto& env6 = onlyItem<Env6<Real>>(env4.env6List);
+        const auto& env7 = onlyItem<Env7<Real>>(env4.env7List);
+        EXPECT_EQ(env6.radix, env4.radix);
+        splits.push_back({env4.size, env4.radix, env6.mode, env7.mode});
+        take({&env4, env4.env6List, env4.env7List, env4.children, &env6, env6.generator,
+              env6.children, env6.twiddles, &env7, env7.env4List, env7.children});
+        below(env7.env4List);
+        take({env4.scratch});
+    }
 };
 
-const Tree trees[] = {
-    {64, 8, 4, 3, {}},
-    {128, 8, 4, 4, {}},
-    {256, 16, 5, 4, {}},
-    {512, 16, 5, 5, {}},
-    {1024, 32, 6, 5, {}},
-    {2048, 32, 6, 6, {}},
-    {4096, 32, 6, 7, {{128, 8, 4}}},
-    {8192, 32, 6, 7, {{256, 16, 4}}},
-    {16384, 32, 6, 7, {{512, 16, 5}}},
-    {32768, 32, 6, 7, {{1024, 32, 5}}},
-    {65536, 32, 6, 7, {{2048, 32, 6}}},
-    {131072, 32, 6, 7, {{4096, 32, 7}, {128, 8, 4}}},
-    {9, 2, 2, 2, {}},
-    {17, 2, 2, 3, {}},
-    {33, 4, 3, 3, {}},
-    {65, 8, 4, 3, {}},
-    {1025, 32, 6, 5, {}},
-    {4097, 32, 6, 7, {{128, 8, 4}}},
-};
-
-TYPED_TEST(Dct4Tree, TheTopHasItsGeneratorItsRowsAndItsInputs)
+TYPED_TEST(Dct4Tree, ASizeHasItsSplitsInTheirOrderInTheBlock)
 {
-    for (const auto& [N, r, rowMode, subMode, levels] : trees) {
-        SCOPED_TRACE(N);
+    const std::vector<Split> trees[] = {
+        {{64, 8, 4, 3}},
+        {{128, 8, 4, 4}},
+        {{256, 16, 5, 4}},
+        {{512, 16, 5, 5}},
+        {{1024, 32, 6, 5}},
+        {{2048, 32, 6, 6}},
+        {{4096, 32, 6, 7}, {128, 8, 3, 4}},
+        {{8192, 32, 6, 7}, {256, 16, 4, 4}},
+        {{16384, 32, 6, 7}, {512, 16, 4, 5}},
+        {{32768, 32, 6, 7}, {1024, 32, 5, 5}},
+        {{65536, 32, 6, 7}, {2048, 32, 5, 6}},
+        {{131072, 32, 6, 7}, {4096, 32, 5, 7}, {128, 8, 3, 4}},
+        {{9, 2, 2, 2}},
+        {{17, 2, 2, 3}},
+        {{33, 4, 3, 3}},
+        {{65, 8, 4, 3}},
+        {{1025, 32, 6, 5}},
+        {{4097, 32, 6, 7}, {128, 8, 3, 4}},
+    };
+    for (const std::vector<Split>& splits : trees) {
+        const int N = splits[0].size;
         Dct4Plan<TypeParam> plan(N);
-        const auto& env1 = plan.env1();
-        const auto& env2 = onlyItem<Env2<TypeParam>>(env1.env2List);
-        const auto& env3 = onlyItem<Env3<TypeParam>>(env1.env3List);
-        const EnvFCompose<TypeParam>& angles = *env2.generator;
-        const int rows = N / (2 * r);
-
-        EXPECT_EQ(itemsOf(env1.children), (Items{headOf(angles), headOf(env2), headOf(env3)}));
-        EXPECT_EQ(itemsOf(env2.children), nothing);
-        for (const auto* header : {&env1.header, &env2.header, &env3.header})
-            EXPECT_EQ(reinterpret_cast<std::byte*>(header->arena), plan.block());
-        EXPECT_EQ((Numbers{env1.header.object.objectSize, angles.header.object.objectSize}),
-                  (Numbers{80, 56}));
-
-        EXPECT_EQ((Numbers{env1.mode, env1.radix, env1.size}), (Numbers{6, r, N}));
-        EXPECT_EQ((Numbers{angles.rowStepCopy, angles.angleDivisor, angles.rows, angles.radix,
-                           angles.rowStep}),
-                  (Numbers{2 * r, 8 * N, rows, r, 2 * r}));
-        EXPECT_EQ((Numbers{env2.mode, env2.radix, env2.size, env2.rowStep, env2.rows, env2.sizeCopy,
-                           env2.lastOdd, env2.subSize}),
-                  (Numbers{rowMode, r, N, 2 * r, rows, N, 2 * N - 1, N / r}));
-        EXPECT_EQ((Numbers{env3.mode, env3.subSize, env3.topSize, env3.lastOdd, env3.stride,
-                           env3.count, env3.parentSize, env3.parentRadix}),
-                  (Numbers{subMode, N / r, N, 2 * N - 1, 2 * r, r, N, r}));
-        EXPECT_EQ(env3.table, nullptr);
-
-        // Objects and tables of the outputs, then those of the inputs, and the array at the end.
-        EXPECT_TRUE(ascend({&env1, env1.env2List, env1.env3List, env1.children, &env2, &angles,
-                            env2.children, env2.twiddles, &env3, env3.env4List, env3.children,
-                            env1.scratch}));
-        EXPECT_LT(cursorOf(plan.block()) - reinterpret_cast<std::byte*>(env1.scratch + N), 32);
+        EXPECT_EQ(plan.env1().mode, 6) << N;
+        const Walk<TypeParam> walk(plan.env1());
+        EXPECT_EQ(walk.splits, splits) << N;
+        EXPECT_EQ(std::ranges::adjacent_find(walk.addresses, std::greater_equal<>()),
+                  walk.addresses.end())
+            << N;
+        EXPECT_LT(cursorOf(plan.block()) - reinterpret_cast<std::byte*>(plan.env1().scratch + N),
+                  32);
     }
-}
-
-TYPED_TEST(Dct4Tree, EachInnerSplitHasItsGeneratorItsRowsAndItsInputs)
-{
-    for (const auto& [N, r, rowMode, subMode, levels] : trees) {
-        SCOPED_TRACE(N);
-        const Dct4Plan<TypeParam> plan(N);
-        const auto& env3 = onlyItem<Env3<TypeParam>>(plan.env1().env3List);
-        const EnvList* list = env3.env4List;
-        const EnvList* children = env3.children;
-        int stride = 2 * r;
-        int parentSize = N;
-        int parentRadix = r;
-        for (const auto& [M, radix, subModeBelow] : levels) {
-            const auto& env4 = onlyItem<Env4<TypeParam>>(list);
-            EXPECT_EQ(itemsOf(children), Items{headOf(env4)});
-            const auto& env6 = onlyItem<Env6<TypeParam>>(env4.env6List);
-            const auto& env7 = onlyItem<Env7<TypeParam>>(env4.env7List);
-            const EnvLambda<TypeParam>& angles = *env6.generator;
-            const int rowModeBelow = radix == 8 ? 3 : radix == 16 ? 4 : 5;
-
-            EXPECT_EQ(itemsOf(env4.children), (Items{headOf(angles), headOf(env6), headOf(env7)}));
-            EXPECT_EQ(itemsOf(env6.children), nothing);
-            EXPECT_EQ(
-                (Numbers{angles.header.object.objectSize, angles.numerator, angles.denominator}),
-                (Numbers{40, M, radix}));
-            EXPECT_EQ((Numbers{env4.mode, env4.size, env4.radix, env4.topSize, env4.topSizeAgain,
-                               env4.stride, env4.parentSize, env4.parentRadix}),
-                      (Numbers{1, M, radix, N, N, stride, parentSize, parentRadix}));
-            EXPECT_EQ(
-                (Numbers{env6.mode, env6.radix, env6.size, env6.rowStep, env6.rows, env6.parentSize,
-                         env6.halfSize, env6.lastOdd, env6.parentRadix, env6.subSize}),
-                (Numbers{rowModeBelow, radix, M, 2 * radix, M / (2 * radix), parentSize, M / 2,
-                         M - 1, parentRadix, M / radix}));
-            EXPECT_EQ(
-                (Numbers{env7.mode, env7.subSize, env7.topSize, env7.topSizeAgain, env7.stride,
-                         env7.parentStride, env7.count, env7.parentSize, env7.parentRadix}),
-                (Numbers{subModeBelow, M / radix, N, N, stride * radix, stride, radix, M, radix}));
-            EXPECT_EQ(env7.table, nullptr);
-            EXPECT_TRUE(ascend({&env4, env4.env6List, env4.env7List, env4.children, &env6, &angles,
-                                env6.children, env6.twiddles, &env7, env7.env4List, env7.children,
-                                env4.scratch}));
-            list = env7.env4List;
-            children = env7.children;
-            stride *= radix;
-            parentSize = M;
-            parentRadix = radix;
-        }
-        EXPECT_EQ(itemsOf(list), nothing);
-        EXPECT_EQ(itemsOf(children), nothing);
-    }
-}
-
-TYPED_TEST(Dct4Tree, ASizeWithoutASplitIsOneObject)
-{
-    for (const int mode : {1, 2, 3, 4, 5}) {
+    for (const int mode : {1, 2, 3, 4, 5}) { // of the sizes without a split
         const Dct4Plan<TypeParam> plan(1 << mode);
-        const auto& env1 = plan.env1();
-        EXPECT_EQ((Numbers{env1.mode, env1.size}), (Numbers{mode, 1 << mode}));
-        for (const EnvList* list : {env1.children, env1.env2List, env1.env3List})
-            EXPECT_EQ(itemsOf(list), nothing);
-        EXPECT_EQ(env1.scratch, nullptr);
+        EXPECT_EQ(plan.env1().mode, mode);
+        EXPECT_EQ(plan.env1().env2List->item, nullptr);
+        EXPECT_EQ(plan.env1().env3List->item, nullptr);
+        EXPECT_EQ(plan.env1().scratch, nullptr);
     }
 }
 
@@ -255,9 +185,7 @@ TYPED_TEST(Dct4Tree, TheInnerTablesHoldTheSectionsOfTheirRadix)
         const auto& env3 = onlyItem<Env3<TypeParam>>(env1.env3List);
         const auto& env4 = onlyItem<Env4<TypeParam>>(env3.env4List);
         const auto& env6 = onlyItem<Env6<TypeParam>>(env4.env6List);
-        ASSERT_EQ((Numbers{env4.size, env6.radix, env6.mode}),
-                  (Numbers{M, radix, std::countr_zero(static_cast<unsigned>(radix))}));
-
+        ASSERT_TRUE(env4.size == M && env6.radix == radix);
         const TypeParam* pair = env6.twiddles;
         for (const auto& [steps, factors] : sectionsOf(radix, std::is_same_v<TypeParam, double>))
             for (int i = 0; i < env6.rows; ++i)
