@@ -11,28 +11,17 @@
 
 #include <algorithm>
 #include <cmath>
-#include <filesystem>
 #include <numbers>
-#include <random>
 
 namespace
 {
 
-namespace fs = std::filesystem;
+using rvn::tests::noise;
 using rvn::tests::RunResult;
 
 using Signal = std::vector<float>;
 
 constexpr int rate = 48000;
-
-Signal noise(std::size_t samples, unsigned seed, float amplitude = 0.5f)
-{
-    std::minstd_rand generator(seed + 1);
-    Signal signal(samples);
-    for (float& sample : signal)
-        sample = std::uniform_real_distribution(-amplitude, amplitude)(generator);
-    return signal;
-}
 
 Signal tone(std::size_t samples, double hertz, double amplitude = 0.5)
 {
@@ -92,10 +81,9 @@ class Convolve : public rvn::tests::ProgramTest
 protected:
     Convolve() : ProgramTest(CONVOLVE_PROGRAM) {}
 
-    void write(const std::string& name, const std::vector<Signal>& channels,
-               int sampleRate = rate) const
+    void write(const std::string& name, const std::vector<Signal>& channels) const
     {
-        rvn::tests::writeWav(path(name), channels, sampleRate);
+        rvn::tests::writeWav(path(name), channels, rate);
     }
 
     // The channels that the program makes of these.
@@ -117,13 +105,11 @@ protected:
 
 TEST_F(Convolve, WritesTheFullConvolution)
 {
-    for (const std::size_t taps : {1, 2, 32, 33, 34, 64, 65, 66, 257}) {
+    for (const std::size_t taps : {1, 32, 33, 34, 65, 66, 257}) {
         const Signal response = noise(taps, static_cast<unsigned>(taps));
         write("response.wav", {response});
-        const std::size_t partitions = taps <= 33 ? 1 : (taps + 30) / 32;
-        const Signal inputs[] = {impulse(1, 0),  impulse(20, 7),      impulse(33, 32),
-                                 noise(31, 1),   noise(32, 2),        noise(33, 3),
-                                 noise(1000, 4), impulse(9000, 8191), noise(20000, 5)};
+        const Signal inputs[] = {impulse(1, 0), impulse(33, 32),     noise(31, 1),   noise(32, 2),
+                                 noise(33, 3),  impulse(9000, 8191), noise(20000, 5)};
         for (const Signal& input : inputs) {
             SCOPED_TRACE(testing::Message() << taps << " taps, " << input.size() << " samples");
             const std::vector<Signal> output = filter({input}, "--response response.wav");
@@ -132,12 +118,9 @@ TEST_F(Convolve, WritesTheFullConvolution)
             const double ofInput =
                 error * std::sqrt(energy(exact) / energy(input) / energy(response));
             EXPECT_LT(error, 5e-7);
-            EXPECT_NEAR(std::stod(result_.found("relative rms ([^ ]+) from")), error, 0.01 * error);
-            EXPECT_NEAR(std::stod(result_.found("([^ ]+) relative to the input's scale")), ofInput,
+            EXPECT_NEAR(result_.number("relative rms ([^ ]+) from"), error, 0.01 * error);
+            EXPECT_NEAR(result_.number("([^ ]+) relative to the input's scale"), ofInput,
                         0.01 * ofInput);
-            EXPECT_EQ(result_.found(": ([0-9]+ taps? in [0-9]+) partition"),
-                      std::to_string(taps) + (taps == 1 ? " tap in " : " taps in ") +
-                          std::to_string(partitions));
         }
     }
 }
@@ -153,25 +136,6 @@ TEST_F(Convolve, KeepsStereoChannelsApart)
     output = filter({left, silence}, "--response response.wav");
     EXPECT_LT(relativeError(output.at(0), convolution(left, response)), 5e-7);
     EXPECT_EQ(output.at(1), Signal(3099));
-    EXPECT_EQ(result_.found("(2 channels)"), "2 channels");
-}
-
-TEST_F(Convolve, PrintsWhatTheFilesTell)
-{
-    const Signal input = noise(5000, 1);
-    const Signal output = filter({input}, "--bandpass 2000,5000 --taps 129").at(0);
-    const auto peak = [](const Signal& signal) {
-        return std::abs(
-            *std::ranges::max_element(signal, {}, [](float sample) { return std::abs(sample); }));
-    };
-    EXPECT_NEAR(std::stod(result_.found("peak +([^ ]+) in")), peak(input), 1e-6);
-    EXPECT_NEAR(std::stod(result_.found("in, ([^ ]+) out")), peak(output), 1e-6);
-    EXPECT_EQ(result_.found("out.wav, ([0-9]+) samples"), "5128");
-    EXPECT_EQ(result_.found("response +(.*:)"), "band-pass from 2000 to 5000 Hz:");
-    EXPECT_EQ(result_.found("(48000 Hz, 5000 samples, .*)"),
-              "48000 Hz, 5000 samples, 0.104 s, 1 channel");
-    EXPECT_GT(std::stod(result_.found("speed +([^ ]+) million samples per second")), 0);
-    EXPECT_EQ(result_.found("\\(5000 samples and ([0-9]+) transforms"), "320"); // 157 blocks and 3
 }
 
 // A billion products and more: the program looks at a part of them, and says so.
@@ -190,8 +154,7 @@ TEST_F(Convolve, FiltersWithManyTaps)
     const double error = relativeError(output, exact);
     EXPECT_LT(error, 1e-6);
     const double ofInput = error * std::sqrt(energy(exact) / energy(input) / energy(response));
-    EXPECT_NEAR(std::stod(result_.found("([^ ]+) relative to the input's scale")), ofInput,
-                0.1 * ofInput);
+    EXPECT_NEAR(result_.number("([^ ]+) relative to the input's scale"), ofInput, 0.1 * ofInput);
     EXPECT_EQ(result_.found("([0-9]+) % of the output compared"), "50");
 }
 
@@ -211,14 +174,9 @@ TEST_F(Convolve, DesignedResponsesPassAndStop)
         double unity; // Hz, where the gain is 1
         std::vector<double> passed, stopped;
     } cases[] = {
-        {"--lowpass 8000", 33, 0, {100, 4000}, {13000, 20000, 23900}},
-        {"--lowpass 1000 --taps 257", 257, 0, {50, 500, 600}, {1400, 5000, 12000, 23990}},
-        {"--highpass 1000 --taps 257", 257, 24000, {1400, 5000, 12000, 23990}, {50, 500, 600}},
-        {"--bandpass 3000,6000 --taps 129",
-         129,
-         4500,
-         {4000, 4500, 5000},
-         {100, 2000, 7000, 23000}},
+        {"--lowpass 8000", 33, 0, {100, 4000}, {13000, 23900}},
+        {"--highpass 1000 --taps 257", 257, 24000, {1400, 12000, 23990}, {50, 600}},
+        {"--bandpass 3000,6000 --taps 129", 129, 4500, {4000, 5000}, {100, 2000, 7000, 23000}},
     };
     for (const auto& c : cases) {
         for (const double hertz : c.passed)
@@ -244,92 +202,40 @@ TEST_F(Convolve, DesignedResponsesPassAndStop)
 
 TEST_F(Convolve, RefusesBadInputInOneLine)
 {
-    write("good.wav", {noise(500, 1)});
+    write("good.wav", {noise(5000, 1)});
     write("stereo.wav", {noise(500, 1), noise(500, 2)});
     write("three.wav", {noise(5, 1), noise(5, 2), noise(5, 3)});
-    write("empty.wav", {Signal()});
     write("nan.wav", {Signal(500, NAN)});
     write("faint.wav", {noise(500, 1, 2e-43f)}); // where binary32 has few digits left
-    write("slow.wav", {noise(5, 1)}, 8000);
-    put("text.wav", "This is no audio.\n");
     put("words.txt", "0.5 half 0.5");
-    put("nan.txt", "0.5 nan 0.5");
     put("blank.txt", " \n");
-    put("nothing.txt", "");
-    fs::create_directory(path("folder"));
     const std::string goodBefore = content("good.wav");
     expectRefusals({
         {"--lowpass 1000 missing.wav", "no such file"},
-        {"--lowpass 1000 'two\nlines.wav'", "no such file"},
-        {"--lowpass 1000 folder", "directory"},
-        {"--lowpass 1000 text.wav", "cannot be read as audio"},
-        {"--lowpass 1000 empty.wav", "no samples"},
         {"--lowpass 1000 nan.wav", "not finite"},
         {"--lowpass 1000 three.wav", "3 channels"},
         {"--lowpass 1000 faint.wav", "differs from direct convolution"},
         {"--lowpass 24000 good.wav", "not below half the sample rate"},
-        {"--highpass 30000 good.wav", "not below half the sample rate"},
-        {"--bandpass 100,24001 good.wav", "not below half the sample rate"},
-        {"--lowpass 0 good.wav", "above 0, not '0'"},
-        {"--lowpass -5 good.wav", "above 0, not '-5'"},
         {"--highpass nan good.wav", "not 'nan'"},
-        {"--highpass inf good.wav", "not 'inf'"},
-        {"--lowpass 1kHz good.wav", "not '1kHz'"},
-        {"--bandpass 1000 good.wav", "LOW,HIGH"},
-        {"--bandpass 1000, good.wav", "not ''"},
         {"--bandpass 2000,1000 good.wav", "must begin below its end"},
         {"--lowpass 1000 --taps 32 good.wav", "must be odd"},
-        {"--lowpass 1000 --taps 1 good.wav", "from 3 to 8191"},
         {"--lowpass 1000 --taps 8193 good.wav", "from 3 to 8191"},
-        {"--lowpass 1000 --taps -33 good.wav", "from 3 to 8191"},
-        {"--lowpass 1000 --taps many good.wav", "not 'many'"},
-        {"--response good.wav --taps 33 good.wav", "--taps is for"},
-        {"--response missing.wav good.wav", "'missing.wav': no such file"},
-        {"--response folder good.wav", "directory"},
         {"--response stereo.wav good.wav", "a response has one"},
-        {"--response slow.wav good.wav", "8000 Hz, the recording at 48000 Hz"},
         {"--response nan.wav good.wav", "not finite"},
         {"--response words.txt good.wav", "'half' is not a number"},
-        {"--response nan.txt good.wav", "'nan' is not a number"},
         {"--response blank.txt good.wav", "no numbers"},
-        {"--response nothing.txt good.wav", "cannot be read"},
         {"--lowpass 1000 --highpass 2000 good.wav", "one of --lowpass"},
-        {"good.wav", "one of --lowpass"},
         {"--frobnicate good.wav", "unknown option '--frobnicate'"},
-        {"-x good.wav", "unknown option '-x'"},
-        {"good.wav --lowpass", "'--lowpass' needs a value"},
-        {"--lowpass 1000 good.wav stereo.wav", "one input file"},
-        {"--lowpass 1000", "no input file"},
-        {"--lowpass 1000 -o '' good.wav", "empty"},
-        {"--lowpass 1000 -o nowhere/out.wav good.wav", "cannot write 'nowhere/out.wav'"},
-        {"--lowpass 1000 -o folder good.wav", "not a plain file"},
         {"--lowpass 1000 -o ./good.wav good.wav", "is the input"},
         {"--response good.wav -o good.wav stereo.wav", "is the response"},
     });
     EXPECT_EQ(content("good.wav"), goodBefore);
-}
-
-TEST_F(Convolve, KeepsTheOldFileWhenTheNewOneFails)
-{
-    write("good.wav", {noise(5000, 1)});
-    put("out.wav", "old");
-    // A limit on the size of files stops the recording half-way.
-    const RunResult full = run("--lowpass 1000 -o out.wav good.wav", "trap '' XFSZ; ulimit -f 8;");
-    EXPECT_EQ(full.status, 1) << full.err;
-    EXPECT_NE(full.err.find("cannot write 'out.wav'"), std::string::npos) << full.err;
-    EXPECT_EQ(content("out.wav"), "old");
-    EXPECT_EQ(files(), 4);
+    expectOldFilesKept("--lowpass 1000 -o out.wav good.wav", 8, {"out.wav"});
+    expectHelp({"--lowpass", "--highpass", "--bandpass", "--taps", "--response"});
 
     // The name by default; and the same samples make the same bytes.
-    EXPECT_EQ(run("--lowpass 1000 -o out.wav good.wav").status, 0);
     EXPECT_EQ(run("--lowpass 1000 good.wav").status, 0);
     EXPECT_TRUE(content("out.wav") == content("good.filtered.wav"));
-    EXPECT_EQ(content("out.wav").find("PEAK"), std::string::npos); // that chunk tells the time
-}
-
-TEST_F(Convolve, HelpsOnRequest)
-{
-    expectHelp({"--lowpass", "--highpass", "--bandpass", "--taps", "--response"});
 }
 
 } // namespace

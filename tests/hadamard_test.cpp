@@ -13,18 +13,14 @@
 #include <bit>
 #include <cmath>
 #include <cstdlib>
-#include <filesystem>
-#include <fstream>
 #include <functional>
 #include <random>
-#include <regex>
 #include <sstream>
 #include <zlib.h>
 
 namespace
 {
 
-namespace fs = std::filesystem;
 using rvn::tests::RunResult;
 
 struct Kind {
@@ -95,21 +91,6 @@ Image smooth(int width, int height, Kind kind)
 int walsh(int i, int j)
 {
     return std::popcount(static_cast<unsigned>(i & j)) % 2 == 0 ? 1 : -1;
-}
-
-// Half the grey range plus one Walsh pattern, another for every block of length x length.
-Image patterns(int length, int across, int down, Kind kind)
-{
-    Image image = {length * across, length * down, kind, {}};
-    for (int y = 0; y < image.height; ++y)
-        for (int x = 0; x < image.width; ++x) {
-            const int block = y / length * across + x / length;
-            const int sign = walsh(x % length, (3 * block + 1) % length) *
-                             walsh(y % length, (block + 1) % length);
-            for (int i = 0; i < image.channels(); ++i)
-                image.bytes.push_back(static_cast<std::uint8_t>(128 + 90 * sign));
-        }
-    return image;
 }
 
 // The error power that is left when a grey picture keeps its largest coefficients, all of them
@@ -214,36 +195,19 @@ TEST_F(Hadamard, AllCoefficientsRebuildThePictureExactly)
     const struct {
         int width, height, colorType, depth, order, interlace;
     } cases[] = {
-        {1, 1, PNG_COLOR_TYPE_GRAY, 8, 3, 0},         {1, 1, PNG_COLOR_TYPE_RGB, 8, 7, 0},
-        {64, 32, PNG_COLOR_TYPE_GRAY, 8, 4, 0},       {37, 101, PNG_COLOR_TYPE_GRAY, 16, 3, 1},
-        {101, 37, PNG_COLOR_TYPE_RGB, 8, 1, 1},       {101, 37, PNG_COLOR_TYPE_RGB, 16, 5, 0},
-        {19, 300, PNG_COLOR_TYPE_RGB, 8, 8, 0},       {40, 9, PNG_COLOR_TYPE_RGB_ALPHA, 8, 3, 0},
-        {40, 9, PNG_COLOR_TYPE_GRAY_ALPHA, 16, 2, 1}, {41, 6, PNG_COLOR_TYPE_GRAY, 2, 3, 0},
-        {43, 7, PNG_COLOR_TYPE_PALETTE, 2, 3, 0},     {600, 20, PNG_COLOR_TYPE_RGB, 16, 10, 0},
+        {1, 1, PNG_COLOR_TYPE_RGB, 8, 7, 0},        {37, 101, PNG_COLOR_TYPE_GRAY, 16, 3, 1},
+        {101, 37, PNG_COLOR_TYPE_RGB, 8, 1, 1},     {600, 20, PNG_COLOR_TYPE_RGB, 16, 10, 0},
+        {40, 9, PNG_COLOR_TYPE_RGB_ALPHA, 8, 3, 0}, {40, 9, PNG_COLOR_TYPE_GRAY_ALPHA, 16, 2, 1},
+        {41, 6, PNG_COLOR_TYPE_GRAY, 2, 3, 0},      {43, 7, PNG_COLOR_TYPE_PALETTE, 2, 3, 0},
     };
     for (const auto& c : cases) {
         write("in.png", noise(c.width, c.height, {c.colorType, c.depth}), c.interlace);
         const RunResult result = run("in.png -o out.png -k 1 -b " + std::to_string(c.order));
         ASSERT_EQ(result.status, 0) << result.err;
-        const std::string what = result.found("(picture.*)") + ", order " + std::to_string(c.order);
-        EXPECT_TRUE(read("out.png") == read("in.png")) << what;
-        EXPECT_EQ(psnr(result), INFINITY) << what;
-        EXPECT_EQ(result.found("largest error +([0-9]+) of"), "0") << what;
+        EXPECT_TRUE(read("out.png") == read("in.png")) << c.width << ", order " << c.order;
+        EXPECT_EQ(psnr(result), INFINITY);
+        EXPECT_EQ(result.number("largest error +([0-9]+) of"), 0);
     }
-}
-
-TEST_F(Hadamard, OneCoefficientCarriesAWalshPattern)
-{
-    for (const Kind kind : {grey8, color8})
-        for (const int order : {1, 2, 3, 4, 6, 8}) {
-            const Image image = patterns(1 << order, 3, 2, kind);
-            const double share = 1.0 / (image.channels() << (2 * order));
-            EXPECT_EQ(rebuild(image, order, share).found("kept +([0-9]+) of"), "6");
-            EXPECT_TRUE(read("out.png") == image) << "order " << order;
-            EXPECT_LT(psnr(rebuild(image, order, share / 2)), 15) << "order " << order;
-        }
-    const Image one = patterns(8, 1, 1, grey8);
-    EXPECT_EQ(psnr(rebuild(one, 3, 1e-9)), INFINITY);
 }
 
 // Blocks beyond the edges repeat the last column and row: what is flat in the picture stays flat.
@@ -269,11 +233,9 @@ TEST_F(Hadamard, PrintsWhatTheTwoPicturesTell)
         int total; // coefficients of 77 x 50 pixels in whole blocks
         Image (*picture)(int, int, Kind);
     } cases[] = {
-        {PNG_COLOR_TYPE_GRAY, 8, 3, 0.1, 80 * 56, smooth},
         {PNG_COLOR_TYPE_RGB, 8, 4, 0.25, 80 * 64 * 3, noise},
         {PNG_COLOR_TYPE_RGB_ALPHA, 8, 2, 0.03, 80 * 52 * 3, smooth},
         {PNG_COLOR_TYPE_GRAY_ALPHA, 16, 5, 0.07, 96 * 64, noise},
-        {PNG_COLOR_TYPE_RGB, 16, 7, 0.001, 128 * 128 * 3, smooth},
     };
     for (const auto& c : cases) {
         const Image image = c.picture(77, 50, {c.colorType, c.depth});
@@ -296,104 +258,56 @@ TEST_F(Hadamard, PrintsWhatTheTwoPicturesTell)
         const long kept = std::lround(c.share * c.total);
         EXPECT_EQ(result.found("kept +(.*) coefficients"),
                   std::to_string(kept) + " of " + std::to_string(c.total));
-        EXPECT_NEAR(std::stod(result.found("share ([^)]+)")), static_cast<double>(kept) / c.total,
-                    1e-6);
-        EXPECT_EQ(result.found("([0-9]+ x .*)-bit"), "77 x 50 pixels, " + std::to_string(c.depth));
-        EXPECT_EQ(result.found("([0-9]+ of length [0-9]+)"),
-                  std::to_string((4 * c.total) >> c.order) + " of length " +
-                      std::to_string(1 << c.order));
     }
 }
 
 TEST_F(Hadamard, KeepsTheLargestCoefficients)
 {
-    const Image image = smooth(64, 48, grey8);
-    double last = INFINITY;
-    for (const double share : {0.5, 0.2, 0.05, 0.01, 0.002}) {
-        const double decibels = psnr(rebuild(image, 3, share));
-        const auto kept = static_cast<std::size_t>(std::lround(share * 64 * 48));
-        const double power = droppedPower(image, 8, kept) + 1.0 / 12; // rounded to whole numbers
-        EXPECT_NEAR(decibels, 10 * std::log10(255 * 255 / power), 0.15) << share;
-        EXPECT_LT(decibels, last) << share;
-        last = decibels;
-    }
+    const Image image = smooth(64, 64, grey8);
+    for (const int order : {1, 3, 5})
+        for (const double share : {0.5, 0.05, 0.002}) {
+            const double decibels = psnr(rebuild(image, order, share));
+            const auto kept = static_cast<std::size_t>(std::lround(share * 64 * 64));
+            const double power =
+                droppedPower(image, 1 << order, kept) + 1.0 / 12; // rounded to whole numbers
+            EXPECT_NEAR(decibels, 10 * std::log10(255 * 255 / power), 0.15) << order << share;
+        }
 }
 
-TEST_F(Hadamard, RefusesWhatItCannotDoInOneLine)
+TEST_F(Hadamard, RefusesBadInputInOneLine)
 {
-    write("good.png", smooth(90, 70, color8));
+    write("good.png", noise(90, 70, color8));
     const std::string good = content("good.png");
-    const auto sized = [&](const std::string& height) { // four bytes
-        std::string bytes = good.substr(0, 20) + height + good.substr(24);
-        const auto crc = crc32(0, reinterpret_cast<const Bytef*>(&bytes[12]), 17);
-        for (std::size_t i = 0; i < 4; ++i)
-            bytes[29 + i] = static_cast<char>(crc >> (24 - 8 * i));
-        return bytes;
-    };
-    put("nothing.png", "");
     put("text.png", "a text, not a picture");
-    put("header.png", good.substr(0, 30));
     put("half.png", good.substr(0, good.size() / 2));
-    put("endless.png", good.substr(0, good.size() - 12));
     std::string flipped = good;
     flipped[good.size() - 13] ^= 1; // the checksum before the last chunk
     put("flipped.png", flipped);
-    put("zero.png", sized(std::string(4, '\0')));
-    put("huge.png", sized("\x7f\xff\xff\xff"));
-    put("tall.png", sized(std::string("\0\0\1\0", 4)));
-    fs::create_directory(path("folder"));
+    std::string tall = good;
+    tall.replace(20, 4, std::string("\0\0\1\0", 4));
+    const auto crc = crc32(0, reinterpret_cast<const Bytef*>(&tall[12]), 17);
+    for (std::size_t i = 0; i < 4; ++i)
+        tall[29 + i] = static_cast<char>(crc >> (24 - 8 * i));
+    put("tall.png", tall);
     write("wide.png", noise(40000, 2, grey8));
-
-    const struct {
-        std::string arguments;
-        int status;
-        std::string words, before;
-    } cases[] = {
-        {"", 2, "no input file", ""},
-        {"good.png text.png", 2, "text.png", ""},
-        {"--fast good.png", 2, "--fast", ""},
-        {"good.png -k", 2, "'-k' needs a value", ""},
-        {"-b 0 good.png", 2, "1 to 13", ""},
-        {"-b 14 good.png", 2, "1 to 13", ""},
-        {"-b 3x good.png", 2, "3x", ""},
-        {"-k 0 good.png", 2, "share", ""},
-        {"-k 1.01 good.png", 2, "share", ""},
-        {"-k nan good.png", 2, "share", ""},
-        {"-k 0.1.2 good.png", 2, "share", ""},
-        {"-o '' good.png", 2, "empty", ""},
-        {"absent.png", 1, "No such file", ""},
-        {"$'two\\nlines.png'", 1, "No such file", ""},
-        {"folder", 1, "folder", ""},
-        {"nothing.png", 1, "not a PNG", ""},
-        {"text.png", 1, "not a PNG", ""},
-        {"header.png", 1, "ends too early", ""},
-        {"half.png", 1, "ends too early", ""},
-        {"endless.png", 1, "ends too early", ""},
-        {"flipped.png", 1, "CRC", ""},
-        {"zero.png", 1, "IHDR", ""},
-        {"huge.png", 1, "90 x 2147483647", ""},
-        {"tall.png", 1, "not enough", ""},
-        {"-b 13 wide.png", 1, "8192 x 8192", ""},
-        {"good.png -o good.png", 1, "is the input", ""},
-        {"good.png -o folder", 1, "not a plain file", ""},
-        {"good.png -o absent/out.png", 1, "No such file", ""},
-        {"good.png -o older.png", 1, "File too large", "trap '' XFSZ; ulimit -f 1;"},
-    };
-    put("older.png", "older");
-    put("stdout.txt", "");
-    put("stderr.txt", "");
-    const auto files = std::distance(fs::directory_iterator(directory_), {});
-    for (const auto& c : cases) {
-        const RunResult result = run(c.arguments, c.before);
-        EXPECT_EQ(result.status, c.status) << c.arguments;
-        EXPECT_EQ(result.out, "") << c.arguments;
-        EXPECT_TRUE(std::regex_match(result.err, std::regex("hadamard: [^\n]+\n"))) << result.err;
-        EXPECT_NE(result.err.find(c.words), std::string::npos) << c.arguments << result.err;
-        EXPECT_EQ(std::distance(fs::directory_iterator(directory_), {}), files) << c.arguments;
-    }
+    expectRefusals({
+        {"", "no input file"},
+        {"--fast good.png", "--fast"},
+        {"-b 14 good.png", "1 to 13"},
+        {"-k 1.01 good.png", "share"},
+        {"-k nan good.png", "share"},
+        {"$'two\\nlines.png'", "No such file"},
+        {"text.png", "not a PNG"},
+        {"half.png", "ends too early"},
+        {"flipped.png", "CRC"},
+        {"tall.png", "not enough"},
+        {"-b 13 wide.png", "8192 x 8192"},
+        {"good.png -o good.png", "is the input"},
+        {"good.png -o absent/out.png", "No such file"},
+    });
     EXPECT_EQ(content("good.png"), good);
-    EXPECT_EQ(content("older.png"), "older");
-    EXPECT_EQ(run("--help").found("^(Usage):"), "Usage");
+    expectOldFilesKept("good.png -o older.png", 1, {"older.png"});
+    expectHelp({"--help"});
 }
 
 } // namespace

@@ -14,17 +14,15 @@
 
 #include <algorithm>
 #include <cmath>
-#include <filesystem>
 #include <functional>
 #include <numbers>
-#include <random>
 #include <string>
 #include <vector>
 
 namespace
 {
 
-namespace fs = std::filesystem;
+using rvn::tests::noise;
 using rvn::tests::RunResult;
 using std::numbers::pi;
 
@@ -32,15 +30,6 @@ using Signal = std::vector<float>;
 using Exact = std::vector<double>;
 
 constexpr int rate = 48000;
-
-Signal noise(std::size_t samples, unsigned seed, float amplitude = 0.5f)
-{
-    std::minstd_rand generator(seed + 1);
-    Signal signal(samples);
-    for (float& sample : signal)
-        sample = std::uniform_real_distribution(-amplitude, amplitude)(generator);
-    return signal;
-}
 
 Exact sineWindow(int N)
 {
@@ -147,21 +136,19 @@ protected:
         return recording.channels;
     }
 
-    double printed(const std::string& what) const { return std::stod(result_.found(what)); }
-
     RunResult result_;
 };
 
 TEST_F(Mdct, RebuildsWhatTheDefinitionMakesOfTheStrongest)
 {
     const struct {
-        const char *name, *window, *share;
+        const char *name, *share;
         Exact values;
         std::size_t channels, kept;
     } cases[] = {
-        {"sine", "sine", "0.25", sineWindow(64), 2, 544},
-        {"kbd", "Kaiser-Bessel-derived", "0.03", kaiserBesselWindow(64), 3, 98},
-        {"kbd", "Kaiser-Bessel-derived", "1e-9", kaiserBesselWindow(64), 1, 1},
+        {"sine", "0.25", sineWindow(64), 2, 544},
+        {"kbd", "0.03", kaiserBesselWindow(64), 3, 98},
+        {"kbd", "1e-9", kaiserBesselWindow(64), 1, 1},
     };
     for (const auto& c : cases) {
         SCOPED_TRACE(testing::Message() << c.name << ", " << c.share);
@@ -174,19 +161,16 @@ TEST_F(Mdct, RebuildsWhatTheDefinitionMakesOfTheStrongest)
         for (std::size_t i = 0; i < c.channels; ++i)
             for (std::size_t n = 0; n < 1000; ++n)
                 ASSERT_NEAR(output.at(i).at(n), exact[i][n], 2e-6) << i << ' ' << n;
-        EXPECT_EQ(result_.found("frames +(.*)"),
-                  std::string("17 of 128 samples, ") + c.window + " window, hop 64");
         EXPECT_EQ(result_.found("kept +([0-9]+ of [0-9]+)"),
                   std::to_string(c.kept) + " of " + std::to_string(c.channels * 17 * 64));
-        EXPECT_NEAR(printed("SNR +([^ ]+) dB"), signalToNoise(channels, output), 0.006);
-        EXPECT_GT(printed("([^ ]+) dB from all"), 125);
-        EXPECT_GT(printed("speed +([0-9]+) frames per second"), 0);
+        EXPECT_NEAR(result_.number("SNR +([^ ]+) dB"), signalToNoise(channels, output), 0.006);
+        EXPECT_GT(result_.number("([^ ]+) dB from all"), 125);
     }
 }
 
 TEST_F(Mdct, RebuildsAnyLengthFromAllCoefficients)
 {
-    for (const std::size_t hop : {64, 512, 1024, 32768})
+    for (const std::size_t hop : {64, 1024, 32768})
         for (const std::size_t samples : {std::size_t{1}, hop - 1, hop, hop + 1, 3 * hop + 7}) {
             SCOPED_TRACE(testing::Message() << samples << " samples, hop " << hop);
             const std::vector<Signal> channels = {noise(samples, 1), noise(samples, 2, 1e15f)};
@@ -211,7 +195,6 @@ TEST_F(Mdct, DrawsWhatWasKeptAtItsPlace)
     rebuild({left, Signal(samples)}, "-n 64 -k 0.005");
     const rvn::tests::Image image = rvn::tests::readImage(path("out.png"));
     ASSERT_EQ(image.width, examples::pictureWidth);
-    EXPECT_EQ(result_.found("out.png, (.*) pixels"), "1000 x " + std::to_string(image.height));
 
     const auto brightness = [](double level) { // the tone is below 0 dB, where the scale ends
         const examples::Color color = examples::levelColor(1 + level / examples::legendRange);
@@ -232,63 +215,32 @@ TEST_F(Mdct, DrawsWhatWasKeptAtItsPlace)
 
 TEST_F(Mdct, RefusesBadInputInOneLine)
 {
-    write("good.wav", {noise(500, 1)});
+    write("good.wav", {noise(300, 1)});
     write("nine.wav", std::vector<Signal>(9, noise(5, 1)));
-    write("empty.wav", {Signal()});
     write("nan.wav", {Signal(500, NAN)});
     write("faint.wav", {noise(500, 1, 2e-43f)}); // where binary32 has few digits left
-    put("text.wav", "This is no audio.\n");
-    fs::create_directory(path("folder"));
     const std::string goodBefore = content("good.wav");
     expectRefusals({
         {"missing.wav", "no such file"},
-        {"folder", "directory"},
-        {"text.wav", "cannot be read as audio"},
-        {"empty.wav", "no samples"},
         {"nan.wav", "not finite"},
         {"nine.wav", "9 channels; no more than 8"},
         {"faint.wav", "120 dB is due"},
-        {"-n 32 good.wav", "from 64 to 32768, not '32'"},
         {"-n 65536 good.wav", "from 64 to 32768"},
         {"-n 1025 good.wav", "power of two, not 1025"},
-        {"-n many good.wav", "not 'many'"},
         {"-k 0 good.wav", "share"},
-        {"-k 1.5 good.wav", "share"},
         {"-k nan good.wav", "share"},
         {"-w hann good.wav", "sine or kbd, not 'hann'"},
         {"--frobnicate good.wav", "unknown option '--frobnicate'"},
-        {"good.wav -k", "'-k' needs a value"},
-        {"good.wav nine.wav", "one input file"},
-        {"", "no input file"},
-        {"-o '' good.wav", "recording is empty"},
-        {"-p '' good.wav", "picture is empty"},
         {"-o nowhere/out.wav good.wav", "cannot write 'nowhere/out.wav'"},
         {"-p nowhere/out.png good.wav", "cannot write 'nowhere/out.png'"},
-        {"-p folder good.wav", "not a plain file"},
         {"-o ./good.wav good.wav", "is the input; the rebuilt"},
         {"-p ./good.wav good.wav", "is the input; the picture"},
         {"-o same -p ./same good.wav", "cannot write './same'"},
     });
     EXPECT_EQ(content("good.wav"), goodBefore);
+    // The picture fails, after the recording is written.
+    expectOldFilesKept("good.wav", 4, {"good.mdct.wav", "good.mdct.png"});
     expectHelp({"--hop", "--keep", "--window", "--output", "--picture"});
-}
-
-TEST_F(Mdct, KeepsBothOldFilesWhenOneOfTheNewFails)
-{
-    write("good.wav", {noise(300, 1)});
-    put("good.mdct.wav", "old");
-    put("good.mdct.png", "old");
-    // A limit on the size of files stops the picture half-way, after the recording.
-    const RunResult full = run("good.wav", "trap '' XFSZ; ulimit -f 4;");
-    EXPECT_EQ(full.status, 1);
-    EXPECT_NE(full.err.find("cannot write 'good.mdct.png'"), std::string::npos) << full.err;
-    EXPECT_EQ(content("good.mdct.wav"), "old");
-    EXPECT_EQ(content("good.mdct.png"), "old");
-    EXPECT_EQ(files(), 5);
-    EXPECT_EQ(run("good.wav").status, 0);
-    EXPECT_NE(content("good.mdct.wav"), "old");
-    EXPECT_NE(content("good.mdct.png"), "old");
-    EXPECT_EQ(files(), 5);
 }
 
 } // namespace

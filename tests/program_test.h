@@ -30,6 +30,7 @@ struct RunResult {
         ADD_FAILURE() << pattern << " not found in\n" << out << err;
         return "nan";
     }
+    double number(const std::string& pattern) const { return std::stod(found(pattern)); }
 };
 
 // A command line that a program refuses, and words of what it says then.
@@ -89,6 +90,28 @@ protected:
             EXPECT_NE(result.err.find(refusal.words), std::string::npos) << result.err;
             EXPECT_EQ(files(), before);
         }
+    }
+
+    // A limit on the size of files stops the program while it writes: what was there under the
+    // names of its results stays, and nothing beside it.
+    void expectOldFilesKept(const std::string& arguments, int blocks,
+                            const std::vector<std::string>& names) const
+    {
+        for (const std::string& name : names)
+            put(name, "old");
+        put("stdout.txt", "");
+        put("stderr.txt", "");
+        const auto before = files();
+        const RunResult full =
+            run(arguments, "trap '' XFSZ; ulimit -f " + std::to_string(blocks) + ";");
+        EXPECT_EQ(full.status, 1) << full.err;
+        EXPECT_NE(full.err.find("cannot write"), std::string::npos) << full.err;
+        for (const std::string& name : names)
+            EXPECT_EQ(content(name), "old") << name;
+        EXPECT_EQ(run(arguments).status, 0);
+        for (const std::string& name : names)
+            EXPECT_NE(content(name), "old") << name;
+        EXPECT_EQ(files(), before);
     }
 
     // The program's usage names all these options.

@@ -5,11 +5,21 @@
 #include <sndfile.h>
 
 #include <cmath>
+#include <random>
 #include <string>
 #include <vector>
 
 namespace rvn::tests
 {
+
+inline std::vector<float> noise(std::size_t samples, unsigned seed, float amplitude = 0.5f)
+{
+    std::minstd_rand generator(seed + 1);
+    std::vector<float> signal(samples);
+    for (float& sample : signal)
+        sample = std::uniform_real_distribution(-amplitude, amplitude)(generator);
+    return signal;
+}
 
 template <typename Sample>
 void writeWav(const std::string& path, const std::vector<std::vector<Sample>>& channels,
