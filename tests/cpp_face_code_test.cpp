@@ -1,0 +1,62 @@
+// A function of the C++ header with the length in its type is the jump to the kernel of that length
+// and nothing else. OBJECT_FILE is the path of the compiled cpp_face_code.cpp.
+
+#include <gtest/gtest.h>
+
+#include <cstdio>
+#include <map>
+#include <regex>
+#include <string>
+
+namespace rvn::tests
+{
+
+namespace
+{
+
+// Each function's instructions, by its readable name, with the symbol that a jump leads to.
+std::map<std::string, std::string> codeByFunction()
+{
+    FILE* const pipe = popen("objdump -dr --demangle --no-show-raw-insn '" OBJECT_FILE "'", "r");
+    std::map<std::string, std::string> functions;
+    const std::regex start(R"([0-9a-f]+ <rvng::Status rvng::(.*)>:\n)");
+    const std::regex instruction(R"( *[0-9a-f]+:\t(\w+)( +([^<]*[^< ]))?.*\n)");
+    const std::regex relocation(R"(\t+[0-9a-f]+: R_X86_64_PLT32\t(\w+)-0x4\n)");
+    std::string* code = nullptr;
+    std::smatch match;
+    char line[4096];
+    while (std::fgets(line, sizeof line, pipe) != nullptr) {
+        const std::string text = line;
+        if (std::regex_match(text, match, start))
+            code = &functions[match[1]];
+        else if (std::regex_match(text, match, relocation))
+            *code += " " + match[1].str();
+        else if (std::regex_match(text, match, instruction) && !match[1].str().starts_with("nop"))
+            *code += (code->empty() ? "" : "; ") + match[1].str() +
+                     (match[1] == "jmp" ? "" : " " + match[3].str());
+    }
+    EXPECT_EQ(pclose(pipe), 0);
+    return functions;
+}
+
+TEST(CppFaceCode, AFunctionIsTheJumpToItsKernel)
+{
+    const std::map<std::string, std::string> expected = {
+        {"dftForward<48ul>", "jmp rvngDFTFwd_CToC_48_64fc"},
+        {"dftForward<7ul>", "jmp rvngDFTFwd_CToC_7_32fc"},
+        {"dftInverse<64ul>", "jmp rvngDFTInv_CToC_64_32fc"},
+        {"dftForward<rvng::Ccs, 48ul>", "jmp rvngDFTFwd_RToCCS_48_64f"},
+        {"dftForward<rvng::Pack, 5ul>", "jmp rvngDFTFwd_RToPack_5_32f"},
+        {"dftInverse<rvng::Perm, 32ul>", "jmp rvngDFTInv_PermToR_32_64f"},
+        {"hartley<63ul>", "jmp rvngHartley_63_32f"},
+        {"wht<3ul>", "xor %ecx,%ecx; jmp rvngWHT_3_64f"}, // without a buffer
+    };
+    std::map<std::string, std::string> found;
+    for (const auto& [name, code] : codeByFunction())
+        found[name.substr(0, name.find('('))] = code;
+    EXPECT_EQ(found, expected);
+}
+
+} // namespace
+
+} // namespace rvn::tests
