@@ -3,8 +3,7 @@
 
 #include "rvngenmx.hpp"
 
-#include "real_kernels.h"
-#include "wht_kernels.h"
+#include "kernels.h"
 
 #include <array>
 #include <complex>
@@ -76,7 +75,6 @@ TYPED_TEST_SUITE(CppFace, Reals);
 TYPED_TEST(CppFace, ComplexTransformsAreTheKernels)
 {
     using Complex = std::complex<TypeParam>;
-    using Pair = std::conditional_t<std::is_same_v<TypeParam, float>, Rvn32fc, Rvn64fc>;
     const auto forward = everyLength<Complex>([](auto length) {
         constexpr std::size_t N = length;
         return [](const Complex* x, Complex* X, Scale scale) {
@@ -90,14 +88,15 @@ TYPED_TEST(CppFace, ComplexTransformsAreTheKernels)
         };
     });
     for (int N = 2; N <= 64; ++N) {
-        const auto pairs = randomSignal<Pair>(N, N);
+        const std::vector<TypeParam> parts = randomParts<TypeParam>(2 * N, N);
         std::vector<Complex> x;
-        for (const Pair& pair : pairs)
-            x.push_back({pair.re, pair.im});
+        for (int n = 0; n < N; ++n)
+            x.push_back({parts[2 * n], parts[2 * n + 1]});
         for (const Scale scale : everyScale)
             for (const bool isInverse : {false, true}) {
-                const Kernel<Pair>& kernel = kernelOf<Pair>(N, isInverse);
-                const auto X = transformed(kernel, pairs, flagOf(scale));
+                const Kernel<TypeParam>& kernel =
+                    kernelOf<TypeParam>(isInverse ? Transform::Inverse : Transform::Forward, N);
+                const auto X = resultOf(kernel, parts.data(), flagOf(scale));
                 auto out = unwritten<Complex>(N);
                 EXPECT_EQ((isInverse ? inverse : forward)[N - 2](x.data(), out.data(), scale),
                           Status::NoError);
@@ -111,7 +110,8 @@ TYPED_TEST(CppFace, ComplexTransformsAreTheKernels)
     }
 }
 
-template <typename L, typename T> void expectRealTransforms(Form toLayout, Form fromLayout)
+template <typename L, typename T>
+void expectRealTransforms(Transform toLayout, Transform fromLayout)
 {
     const auto forward = everyLength<T>([](auto length) {
         constexpr std::size_t N = length;
@@ -128,7 +128,7 @@ template <typename L, typename T> void expectRealTransforms(Form toLayout, Form 
     for (int N = 2; N <= 64; ++N) {
         const auto x = randomParts<T>(N, N);
         for (const Scale scale : everyScale) {
-            const RealKernel<T>& there = realKernel<T>(toLayout, N);
+            const Kernel<T>& there = kernelOf<T>(toLayout, N);
             const auto X = resultOf(there, x.data(), flagOf(scale));
             auto spectrum = unwritten<T>(L::size(N));
             EXPECT_EQ(forward[N - 2](x.data(), spectrum.data(), scale), Status::NoError);
@@ -137,7 +137,7 @@ template <typename L, typename T> void expectRealTransforms(Form toLayout, Form 
             EXPECT_EQ(rvng::dftForward<L>(x, spectrum, scale), Status::NoError);
             expectSameBits(spectrum, X, there.name);
 
-            const RealKernel<T>& back = realKernel<T>(fromLayout, N);
+            const Kernel<T>& back = kernelOf<T>(fromLayout, N);
             const auto y = resultOf(back, X.data(), flagOf(scale));
             auto signal = unwritten<T>(N);
             EXPECT_EQ(inverse[N - 2](X.data(), signal.data(), scale), Status::NoError);
@@ -151,9 +151,9 @@ template <typename L, typename T> void expectRealTransforms(Form toLayout, Form 
 
 TYPED_TEST(CppFace, RealTransformsAreTheKernels)
 {
-    expectRealTransforms<Ccs, TypeParam>(Form::ToCCS, Form::FromCCS);
-    expectRealTransforms<Pack, TypeParam>(Form::ToPack, Form::FromPack);
-    expectRealTransforms<Perm, TypeParam>(Form::ToPerm, Form::FromPerm);
+    expectRealTransforms<Ccs, TypeParam>(Transform::ToCCS, Transform::FromCCS);
+    expectRealTransforms<Pack, TypeParam>(Transform::ToPack, Transform::FromPack);
+    expectRealTransforms<Perm, TypeParam>(Transform::ToPerm, Transform::FromPerm);
 }
 
 TYPED_TEST(CppFace, HartleyTransformsAreTheKernels)
@@ -166,7 +166,7 @@ TYPED_TEST(CppFace, HartleyTransformsAreTheKernels)
     });
     for (int N = 2; N <= 64; ++N) {
         const auto x = randomParts<TypeParam>(N, N);
-        const RealKernel<TypeParam>& kernel = realKernel<TypeParam>(Form::Hartley, N);
+        const Kernel<TypeParam>& kernel = kernelOf<TypeParam>(Transform::Hartley, N);
         for (const Scale scale : everyScale) {
             const auto X = resultOf(kernel, x.data(), flagOf(scale));
             auto out = unwritten<TypeParam>(N);
@@ -196,14 +196,14 @@ TYPED_TEST(CppFace, WalshHadamardTransformsAreTheKernels)
             return rvng::wht<order>(extent<N>(x), extent<N>(X), scale, buffer);
         };
     });
-    for (const auto& kernel : everyWhtKernel<TypeParam>()) {
-        const auto x = randomReals<TypeParam>(kernel.points(), kernel.order);
+    for (int order = 1; order <= 13; ++order) {
+        const Kernel<TypeParam>& kernel = kernelOf<TypeParam>(Transform::WalshHadamard, order);
+        const auto x = randomParts<TypeParam>(kernel.length(), order);
         for (const Scale scale : everyScale) {
-            std::vector<TypeParam> X(x.size());
-            ASSERT_EQ(kernel.run(x.data(), X.data(), flagOf(scale), nullptr), RvnStatusNoError);
+            const auto X = resultOf(kernel, x.data(), flagOf(scale));
             std::size_t bytes = 1;
-            EXPECT_EQ(rvng::whtBufferSize<TypeParam>(kernel.order, bytes), Status::NoError);
-            EXPECT_EQ(bytes, workElements(kernel.order) * sizeof(TypeParam));
+            EXPECT_EQ(rvng::whtBufferSize<TypeParam>(order, bytes), Status::NoError);
+            EXPECT_EQ(bytes, kernel.workElements() * sizeof(TypeParam));
             buffer.assign(bytes, std::byte{0xff});
 
             auto out = unwritten<TypeParam>(x.size());
@@ -212,14 +212,13 @@ TYPED_TEST(CppFace, WalshHadamardTransformsAreTheKernels)
                 expectSameBits(out, X, kernel.name);
                 out = unwritten<TypeParam>(x.size());
             };
-            expectResult(calls[kernel.order - 1](x.data(), out.data(), scale));
-            expectResult(bufferedCalls[kernel.order - 1](x.data(), out.data(), scale));
+            expectResult(calls[order - 1](x.data(), out.data(), scale));
+            expectResult(bufferedCalls[order - 1](x.data(), out.data(), scale));
             expectResult(rvng::wht(x, out, scale));
             expectResult(rvng::wht(x, out, scale, buffer));
             if (bytes > 0) {
                 buffer.pop_back();
-                EXPECT_EQ(bufferedCalls[kernel.order - 1](x.data(), out.data(), scale),
-                          Status::SizeError);
+                EXPECT_EQ(bufferedCalls[order - 1](x.data(), out.data(), scale), Status::SizeError);
                 EXPECT_EQ(rvng::wht(x, out, scale, buffer), Status::SizeError);
                 expectSameBits(out, unwritten<TypeParam>(x.size()), kernel.name);
             }
@@ -248,7 +247,7 @@ TYPED_TEST(CppFace, Dct4PlansAreThoseOfTheLibrary)
 {
     using Plan = rvng::Dct4<TypeParam>;
     for (std::size_t N = 2; N <= 4096; N *= 2) {
-        const auto x = randomReals<TypeParam>(static_cast<int>(N), static_cast<unsigned>(N));
+        const auto x = randomParts<TypeParam>(static_cast<int>(N), static_cast<unsigned>(N));
         const auto X = dct4InC(x);
         const auto expectResult = [&](Plan& plan) {
             std::vector<TypeParam> out(N);
