@@ -84,7 +84,10 @@ RvnStatus    OWNG_DCT4(env7, sweep)(const Env7* self, Scalar* dst, const Scalar*
 // clang-format on
 }
 
-namespace rvn::dct4::inline DCT4_NAMESPACE
+namespace rvn::dct4
+{
+
+inline namespace DCT4_NAMESPACE
 {
 
 // The byte count in an object's header.
@@ -144,4 +147,6 @@ template <typename Object> Object* itemOf(const EnvList* list)
     return static_cast<Object*>(EnvList_get(list, 0));
 }
 
-} // namespace rvn::dct4::inline DCT4_NAMESPACE
+} // namespace DCT4_NAMESPACE
+
+} // namespace rvn::dct4

@@ -19,7 +19,10 @@
 // own: else the linker would take one precision's for both.
 #define DCT4_NAMESPACE DCT4_PASTE(precision_, DCT4_PRECISION, )
 
-namespace rvn::dct4::inline DCT4_NAMESPACE
+namespace rvn::dct4
+{
+
+inline namespace DCT4_NAMESPACE
 {
 
 using Element32f = float;
@@ -29,4 +32,6 @@ using Element64f = double;
 using Element = DCT4_PASTE(Element, DCT4_PRECISION, );
 using Scalar = DCT4_PASTE(rvn::Scalar, DCT4_PRECISION, );
 
-} // namespace rvn::dct4::inline DCT4_NAMESPACE
+} // namespace DCT4_NAMESPACE
+
+} // namespace rvn::dct4

@@ -11,7 +11,10 @@
 #include <array>
 #include <cstring>
 
-namespace rvn::dct4::inline DCT4_NAMESPACE
+namespace rvn::dct4
+{
+
+inline namespace DCT4_NAMESPACE
 {
 
 inline constexpr std::ptrdiff_t lineElements = 64 / sizeof(Element);
@@ -92,4 +95,6 @@ void storeInLines(Scalar* dst, const Scalar* src, const Scalar* twiddles, const 
     }
 }
 
-} // namespace rvn::dct4::inline DCT4_NAMESPACE
+} // namespace DCT4_NAMESPACE
+
+} // namespace rvn::dct4

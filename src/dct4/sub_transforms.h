@@ -5,7 +5,10 @@
 #include "dct4/bodies.h"
 #include "dct4/engine.h"
 
-namespace rvn::dct4::inline DCT4_NAMESPACE
+namespace rvn::dct4
+{
+
+inline namespace DCT4_NAMESPACE
 {
 
 inline constexpr std::int32_t innerSplitMode = 7;
@@ -102,4 +105,6 @@ inline void runInnerSplit(const EnvList* env4List, Scalar* dst, const Scalar* sr
     OWNG_DCT4(env6, rows)(itemOf<Env6>(env4->env6List), dst, env4->scratch, rowStep);
 }
 
-} // namespace rvn::dct4::inline DCT4_NAMESPACE
+} // namespace DCT4_NAMESPACE
+
+} // namespace rvn::dct4
