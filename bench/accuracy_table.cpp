@@ -1,6 +1,7 @@
 // rvngenmx_accuracy: how exact every transform is, as the tables of docs/accuracy.md.
 //
-// Errors are of random inputs, uniform in [-1, 1), against the sum of the definition in binary80:
+// Errors are of random inputs, uniform in [-1, 1), against the sum of the definition in binary80
+// (Walsh-Hadamard, and the DCT-IV above 4096 points: a fast transform in it):
 //   rms      the square root of (sum of |error|^2) / (sum of |output|^2), over all trials
 //   worst    the largest |error| of any output, over the root mean square of the trial's outputs
 // Both are given in units of the format's rounding, 2^-53 or 2^-24.

@@ -43,7 +43,7 @@ constexpr double noise = 0.015; // a gain that is not worth a line
 constexpr double tie = 0.005;   // between forms, of which the first is taken
 constexpr std::size_t bufferBytes = 1 << 18;
 
-using Kernel = int (*)(const void* src, void* dst, int flag, void* buffer);
+using Kernel = void*; // the address; a kernel takes a buffer or does not
 
 struct Form {
     std::string order;
@@ -87,7 +87,7 @@ Kernel kernelOf(void* library, const std::string& name)
     void* const symbol = dlsym(library, name.c_str());
     if (symbol == nullptr)
         throw std::runtime_error("no function " + name);
-    return reinterpret_cast<Kernel>(symbol);
+    return symbol;
 }
 
 struct Buffers {
@@ -109,12 +109,18 @@ void fill(Buffers& buffers, bool isDouble)
     }
 }
 
-double secondsOf(Kernel kernel, Buffers& buffers, int calls)
+double secondsOf(Kernel kernel, bool takesBuffer, Buffers& buffers, int calls)
 {
+    const auto plain = reinterpret_cast<int (*)(const void*, void*, int)>(kernel);
+    const auto buffered = reinterpret_cast<int (*)(const void*, void*, int, void*)>(kernel);
     constexpr int scaleNone = 8;
     const auto begin = std::chrono::steady_clock::now();
     for (int i = 0; i < calls; ++i)
-        kernel(buffers.source.data(), buffers.destination.data(), scaleNone, buffers.work.data());
+        if (takesBuffer)
+            buffered(buffers.source.data(), buffers.destination.data(), scaleNone,
+                     buffers.work.data());
+        else
+            plain(buffers.source.data(), buffers.destination.data(), scaleNone);
     return std::chrono::duration<double>(std::chrono::steady_clock::now() - begin).count() / calls;
 }
 
@@ -125,8 +131,10 @@ std::vector<double> measure(const TunedKernel& kernel, const std::vector<Form>& 
     std::vector<double> sums(forms.size());
     for (const std::string& name : kernel.functions) {
         int calls = 1;
-        while (secondsOf(kernelOf(forms[0].libraries[0], name), buffers, calls) * calls <
-               runSeconds)
+        while (
+            secondsOf(kernelOf(forms[0].libraries[0], name), kernel.takesBuffer, buffers, calls) *
+                calls <
+            runSeconds)
             calls *= 2;
         std::vector<double> least(forms.size(), 1);
         for (int round = 0; round < rounds; ++round)
@@ -134,7 +142,7 @@ std::vector<double> measure(const TunedKernel& kernel, const std::vector<Form>& 
                 for (std::size_t f = 0; f < forms.size(); ++f)
                     least[f] =
                         std::min(least[f], secondsOf(kernelOf(forms[f].libraries[copy], name),
-                                                     buffers, calls));
+                                                     kernel.takesBuffer, buffers, calls));
         for (std::size_t f = 0; f < forms.size(); ++f)
             sums[f] += least[f];
     }
@@ -161,7 +169,11 @@ void tune(const fs::path& table, const std::vector<Form>& forms)
     std::map<std::string, Line> defaults;
     std::vector<Line> kept;
     std::ifstream file(table);
+    if (!file)
+        throw std::runtime_error("cannot read " + table.string());
     for (std::string text; std::getline(file, text);) {
+        if (text.empty())
+            continue;
         std::istringstream words(text);
         Line line;
         words >> line.kernel >> line.order >> line.options;

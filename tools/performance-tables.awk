@@ -58,7 +58,7 @@ FNR > 4 && what == "summary" {
     points = sizeName == "order" ? 2 ^ $1 : $1
     for (i = 0; i < ratios; ++i)
         add("ratio" i, $(2 + times + i))
-    wins += ratios > 1 && $(3 + times) < 1
+    wins += ratios > 1 && $(3 + times) != "-" && $(3 + times) < 1
     if (points >= 16) {
         add("limit", $(first["limit"]))
         for (i = 0; i < size["cores"]; ++i)

@@ -7,9 +7,9 @@ namespace rvn::kernelgen
 {
 
 // Reads of inputs, constants and spilled values, and writes of outputs and spilled values, when the
-// register that is needed again last is always the one given up (Belady 1966), the best that any
-// allocation can do. Constants have their place in memory; whatever else is given up is written
-// once.
+// register that is needed again last is always the one given up (Belady 1966): what a good
+// allocation comes near to. Constants have their place in memory; whatever else is given up is
+// written once.
 int memoryAccesses(const Graph& graph, const Schedule& schedule);
 
 } // namespace rvn::kernelgen
