@@ -4,6 +4,7 @@
 #include "kernel_work.h"
 
 #include "dct4/plans.h"
+#include "dct4/radix.h"
 #include "dft_complex/kernels.h"
 #include "dft_real/kernels.h"
 #include "hartley/kernels.h"
@@ -43,9 +44,9 @@ template <typename Plans> const auto& planOf(const Plans& plans, int length)
 // The radix of a level of the DCT-IV above its fixed bodies.
 int radixOf(int length)
 {
-    if (length >= 1024)
-        return 32;
-    return length >= 256 ? 16 : 8;
+    std::int32_t radix = 0;
+    divisorsIntNonTriv(&radix, length / 2);
+    return radix;
 }
 
 Work bodyWork(BodyKind kind, int size)

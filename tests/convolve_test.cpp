@@ -4,8 +4,7 @@
 //
 // The program runs on recordings made here; what it writes is held against sums of products in
 // long double. CONVOLVE_PROGRAM is the program's path.
-#include "program_test.h"
-#include "wav_file.h"
+#include "sound_program_test.h"
 
 #include <gtest/gtest.h>
 
@@ -76,31 +75,10 @@ double level(const Signal& filtered, std::size_t taps)
     return 10 * std::log10(power / static_cast<double>(filtered.size() - 2 * taps));
 }
 
-class Convolve : public rvn::tests::ProgramTest
+class Convolve : public rvn::tests::SoundProgramTest
 {
 protected:
-    Convolve() : ProgramTest(CONVOLVE_PROGRAM) {}
-
-    void write(const std::string& name, const std::vector<Signal>& channels) const
-    {
-        rvn::tests::writeWav(path(name), channels, rate);
-    }
-
-    // The channels that the program makes of these.
-    std::vector<Signal> filter(const std::vector<Signal>& channels, const std::string& arguments)
-    {
-        write("in.wav", channels);
-        result_ = run("in.wav -o out.wav " + arguments);
-        EXPECT_EQ(result_.status, 0) << arguments << '\n' << result_.err;
-        EXPECT_EQ(result_.err, "");
-        const rvn::tests::Recording recording = rvn::tests::readWav(path("out.wav"));
-        EXPECT_EQ(recording.info.samplerate, rate);
-        EXPECT_EQ(recording.info.format, SF_FORMAT_WAV | SF_FORMAT_FLOAT);
-        EXPECT_EQ(recording.channels.size(), channels.size());
-        return recording.channels;
-    }
-
-    RunResult result_;
+    Convolve() : SoundProgramTest(CONVOLVE_PROGRAM) {}
 };
 
 TEST_F(Convolve, WritesTheFullConvolution)
@@ -112,7 +90,7 @@ TEST_F(Convolve, WritesTheFullConvolution)
                                  noise(33, 3),  impulse(9000, 8191), noise(20000, 5)};
         for (const Signal& input : inputs) {
             SCOPED_TRACE(testing::Message() << taps << " taps, " << input.size() << " samples");
-            const std::vector<Signal> output = filter({input}, "--response response.wav");
+            const std::vector<Signal> output = processed({input}, "--response response.wav");
             const std::vector<long double> exact = convolution(input, response);
             const double error = relativeError(output.at(0), exact);
             const double ofInput =
@@ -130,10 +108,10 @@ TEST_F(Convolve, KeepsStereoChannelsApart)
     const Signal left = noise(3000, 1), right = noise(3000, 2), silence(3000);
     const Signal response = noise(100, 3);
     write("response.wav", {response});
-    std::vector<Signal> output = filter({left, right}, "--response response.wav");
+    std::vector<Signal> output = processed({left, right}, "--response response.wav");
     EXPECT_LT(relativeError(output.at(0), convolution(left, response)), 5e-7);
     EXPECT_LT(relativeError(output.at(1), convolution(right, response)), 5e-7);
-    output = filter({left, silence}, "--response response.wav");
+    output = processed({left, silence}, "--response response.wav");
     EXPECT_LT(relativeError(output.at(0), convolution(left, response)), 5e-7);
     EXPECT_EQ(output.at(1), Signal(3099));
 }
@@ -146,7 +124,7 @@ TEST_F(Convolve, FiltersWithManyTaps)
     response.front() = 1;
     response.back() = 0.5f;
     write("response.wav", {response});
-    const Signal output = filter({input}, "--response response.wav").at(0);
+    const Signal output = processed({input}, "--response response.wav").at(0);
     std::vector<long double> exact(input.begin(), input.end());
     exact.resize(input.size() + response.size() - 1);
     for (std::size_t n = 0; n < input.size(); ++n)
@@ -162,7 +140,7 @@ TEST_F(Convolve, ReadsResponsesFromText)
 {
     const Signal input = noise(500, 1);
     put("response.txt", "0.5, -0.25\n\t1e-1\r\n\n0 2");
-    const Signal output = filter({input}, "--response response.txt").at(0);
+    const Signal output = processed({input}, "--response response.txt").at(0);
     EXPECT_LT(relativeError(output, convolution(input, {0.5f, -0.25f, 0.1f, 0, 2})), 5e-7);
 }
 
@@ -180,15 +158,15 @@ TEST_F(Convolve, DesignedResponsesPassAndStop)
     };
     for (const auto& c : cases) {
         for (const double hertz : c.passed)
-            EXPECT_NEAR(level(filter({tone(6000, hertz)}, c.arguments).at(0), c.taps),
+            EXPECT_NEAR(level(processed({tone(6000, hertz)}, c.arguments).at(0), c.taps),
                         20 * std::log10(0.5 / std::sqrt(2)), 0.2)
                 << c.arguments << ", " << hertz << " Hz";
         for (const double hertz : c.stopped)
-            EXPECT_LT(level(filter({tone(6000, hertz)}, c.arguments).at(0), c.taps),
+            EXPECT_LT(level(processed({tone(6000, hertz)}, c.arguments).at(0), c.taps),
                       20 * std::log10(0.5 / std::sqrt(2)) - 40)
                 << c.arguments << ", " << hertz << " Hz";
         // Symmetric, to be read off an impulse.
-        const Signal response = filter({impulse(1, 0)}, c.arguments).at(0);
+        const Signal response = processed({impulse(1, 0)}, c.arguments).at(0);
         ASSERT_EQ(response.size(), c.taps);
         double gain = 0;
         for (std::size_t i = 0; i < c.taps; ++i) {

@@ -7,8 +7,7 @@
 #include "level_plot.h"
 
 #include "image_file.h"
-#include "program_test.h"
-#include "wav_file.h"
+#include "sound_program_test.h"
 
 #include <gtest/gtest.h>
 
@@ -113,30 +112,15 @@ double signalToNoise(const std::vector<Signal>& original, const std::vector<Sign
     return 10 * std::log10(signal / noise);
 }
 
-class Mdct : public rvn::tests::ProgramTest
+class Mdct : public rvn::tests::SoundProgramTest
 {
 protected:
-    Mdct() : ProgramTest(MDCT_PROGRAM) {}
-
-    void write(const std::string& name, const std::vector<Signal>& channels) const
-    {
-        rvn::tests::writeWav(path(name), channels, rate);
-    }
+    Mdct() : SoundProgramTest(MDCT_PROGRAM) {}
 
     std::vector<Signal> rebuild(const std::vector<Signal>& channels, const std::string& arguments)
     {
-        write("in.wav", channels);
-        result_ = run("in.wav -o out.wav -p out.png " + arguments);
-        EXPECT_EQ(result_.status, 0) << arguments << '\n' << result_.err;
-        EXPECT_EQ(result_.err, "");
-        const rvn::tests::Recording recording = rvn::tests::readWav(path("out.wav"));
-        EXPECT_EQ(recording.info.samplerate, rate);
-        EXPECT_EQ(recording.info.format, SF_FORMAT_WAV | SF_FORMAT_FLOAT);
-        EXPECT_EQ(recording.channels.size(), channels.size());
-        return recording.channels;
+        return processed(channels, "-p out.png " + arguments);
     }
-
-    RunResult result_;
 };
 
 TEST_F(Mdct, RebuildsWhatTheDefinitionMakesOfTheStrongest)
