@@ -1,15 +1,12 @@
 // What every kernel promises besides its transform: statuses in their order, refusals that touch
 // nothing, the exact factor S of a flag, any overlap and any alignment of src and dst, no access
-// outside them, NaN through the arithmetic, and the caller's floating-point environment left alone.
+// outside them, and NaN through the arithmetic.
 
 #include "guarded_memory.h"
 #include "reference.h"
 
 #include <algorithm>
-#include <cfenv>
 #include <climits>
-
-#include <immintrin.h>
 
 namespace rvn::tests
 {
@@ -143,24 +140,6 @@ TYPED_TEST(Contract, ValuesAreNeverTestedAndNaNReachesWhatDependsOnIt)
                 ASSERT_TRUE(std::isnan(X[out]) || std::fabs(entry(kernel, out, in)) < 1e-9)
                     << kernel.name << ", from part " << in << " to part " << out;
         }
-}
-
-TYPED_TEST(Contract, TheCallersRoundingModeIsObeyedAndKept)
-{
-    for (const auto& kernel : everyKernel<TypeParam>()) {
-        const auto x = randomParts<TypeParam>(kernel.parts(), 13, 8);
-        std::fesetround(FE_DOWNWARD);
-        const auto down = transformed(kernel, x, RvnScaleBySqrtN);
-        std::fesetround(FE_UPWARD);
-        const unsigned before = _mm_getcsr();
-        const auto up = transformed(kernel, x, RvnScaleBySqrtN);
-        const unsigned after = _mm_getcsr();
-        const int mode = std::fegetround();
-        std::fesetround(FE_TONEAREST);
-        EXPECT_EQ(mode, FE_UPWARD) << kernel.name;
-        EXPECT_EQ(before & ~_MM_EXCEPT_MASK, after & ~_MM_EXCEPT_MASK) << kernel.name;
-        EXPECT_FALSE(haveSameBits(down, up)) << kernel.name;
-    }
 }
 
 } // namespace
