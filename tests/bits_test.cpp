@@ -1,4 +1,4 @@
-// The bits that every exported transform gives are those of bits.txt, which has a hash for each,
+// The bits that every exported transform gives are those of docs/abi/bits.txt, a hash for each,
 // over all that it gives for fixed inputs. A change of a bit is a decision: who decides on one
 // rewrites the file with tools/bits --write.
 //
