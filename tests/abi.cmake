@@ -1,6 +1,7 @@
 # A library exports the names of its committed list, and, where DIFF and DESCRIPTION are given, the
 # functions and types of its committed description: any difference fails. LIBRARY has debug
 # information then.
+cmake_minimum_required(VERSION 3.25)
 execute_process(COMMAND ${NM} -D --defined-only ${LIBRARY}
     OUTPUT_VARIABLE symbols COMMAND_ERROR_IS_FATAL ANY)
 string(REGEX REPLACE "[0-9a-f]+ ([A-Za-z]) ([^\n]+)" "\\2 \\1" symbols "${symbols}")
