@@ -1,4 +1,5 @@
-/* rvncore.h - the work memory of the transforms.
+/** @file rvncore.h
+ * The work memory of the transforms.
  *
  * The one allocator that rvngenmx uses, in a library of its own, librvncore.so. rvngenmx imports
  * both functions by name, so a program that defines them itself, or a library loaded before, puts
@@ -19,12 +20,20 @@ extern "C" {
 #define RVNCORE_API
 #endif
 
-/* A block of at least `bytes` bytes, aligned to 64 bytes, its contents unspecified. Null when the
+/**
+ * @defgroup memory Work memory
+ * The allocator that a program may replace by its own.
+ * @{
+ */
+
+/** A block of at least `bytes` bytes, aligned to 64 bytes, its contents unspecified. Null when the
  * memory cannot be had or bytes is negative; a block that may only be released when bytes is 0. */
 RVNCORE_API void* rvnMalloc(int32_t bytes);
 
-/* Releases a block of rvnMalloc; null does nothing. */
+/** Releases a block of rvnMalloc; null does nothing. */
 RVNCORE_API void rvnFree(void* block);
+
+/** @} */
 
 #ifdef __cplusplus
 }

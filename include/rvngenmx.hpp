@@ -1,4 +1,5 @@
-/* rvngenmx.hpp - the transforms of rvngenmx.h for C++20: lengths in the type, spans for arrays.
+/** @file rvngenmx.hpp
+ * The transforms of rvngenmx.h for C++20: lengths in the type, spans for arrays.
  *
  * Header only: every function is inline and is the call of the C function that it names. What a
  * transform computes, its scale factors, aliasing and threads are described in rvngenmx.h.
@@ -16,19 +17,18 @@
  *
  * Conventions of every function below
  *
- *   Lengths     With the length as a template argument the call is that of the kernel, and arrays
- *               and spans of another extent, or of an extent that is not known, do not compile. A
- *               span whose extent is dynamic becomes one of known extent by first<48>(). Without
- *               the template argument the length is that of the signal, and the call is that of the
- *               dispatcher.
+ * - Lengths: with the length as a template argument the call is that of the kernel, and arrays and
+ *   spans of another extent, or of an extent that is not known, do not compile. A span whose extent
+ *   is dynamic becomes one of known extent by `first<48>()`. Without the template argument the
+ *   length is that of the signal, and the call is that of the dispatcher.
  *
- *   Elements    float and double; std::complex<float> for Rvn32fc, std::complex<double> for
- *               Rvn64fc.
+ * - Elements: float and double; `std::complex<float>` for Rvn32fc, `std::complex<double>` for
+ *   Rvn64fc.
  *
- *   Statuses    Those of the C function. Where a length is known at run time only, also
- *               Status::SizeError, before anything else is looked at, when the two spans do not fit
- *               each other. A refused call has read and written nothing. Nothing throws; the
- *               transforms do not say so by noexcept, under which a compiler makes no tail call.
+ * - Statuses: those of the C function. Where a length is known at run time only, also
+ *   Status::SizeError, before anything else is looked at, when the two spans do not fit each other.
+ *   A refused call has read and written nothing. Nothing throws; the transforms do not say so by
+ *   noexcept, under which a compiler makes no tail call.
  */
 #ifndef RVNGENMX_HPP
 #define RVNGENMX_HPP
@@ -43,6 +43,7 @@
 #include <span>
 #include <utility>
 
+/// The transforms for C++20; what holds for all of them is told at rvngenmx.hpp.
 namespace rvng
 {
 
@@ -81,36 +82,46 @@ constexpr bool hasIm(std::size_t k, std::size_t N) noexcept
 
 /// Pairs of a complex array: R(0) 0 R(1) I(1) ...
 struct Ccs {
+    /// Elements of the spectrum of N samples.
     static constexpr std::size_t size(std::size_t N) noexcept { return N + 2 - N % 2; }
+    /// Where R(k) lies.
     static constexpr std::size_t re(std::size_t k, std::size_t) noexcept { return 2 * k; }
+    /// Where I(k) lies.
     static constexpr std::size_t im(std::size_t k, std::size_t) noexcept { return 2 * k + 1; }
 };
 
 /// R(0) R(1) I(1) R(2) ... and R(N/2) last for even N.
 struct Pack {
+    /// Elements of the spectrum of N samples.
     static constexpr std::size_t size(std::size_t N) noexcept { return N; }
+    /// Where R(k) lies.
     static constexpr std::size_t re(std::size_t k, std::size_t) noexcept
     {
         return k == 0 ? 0 : 2 * k - 1;
     }
+    /// Where I(k) lies.
     static constexpr std::size_t im(std::size_t k, std::size_t) noexcept { return 2 * k; }
 };
 
 /// R(0) R(N/2) R(1) I(1) ... for even N, as Pack for odd N.
 struct Perm {
+    /// Elements of the spectrum of N samples.
     static constexpr std::size_t size(std::size_t N) noexcept { return N; }
+    /// Where R(k) lies.
     static constexpr std::size_t re(std::size_t k, std::size_t N) noexcept
     {
         if (N % 2 == 1)
             return Pack::re(k, N);
         return 2 * k == N ? 1 : 2 * k;
     }
+    /// Where I(k) lies.
     static constexpr std::size_t im(std::size_t k, std::size_t N) noexcept
     {
         return N % 2 == 1 ? Pack::im(k, N) : 2 * k + 1;
     }
 };
 
+/// Ccs, Pack or Perm: size(N), re(k, N) for k from 0 to N/2, im(k, N) where hasIm(k, N).
 template <typename T>
 concept Layout = std::same_as<T, Ccs> || std::same_as<T, Pack> || std::same_as<T, Perm>;
 
@@ -122,6 +133,7 @@ requires(2 <= N && N <= 64) using Signal = std::span<T, N>;
 template <typename T, std::size_t order>
 requires(1 <= order && order <= 13) using PowerOfTwo = std::span<T, std::size_t{1} << order>;
 
+/// float or double.
 template <typename T>
 concept Real = std::same_as<T, float> || std::same_as<T, double>;
 
@@ -243,7 +255,7 @@ Status dispatch(bool fit, std::size_t N, std::span<const Element> in, std::span<
 
 // ---- Complex DFT -------------------------------------------------------------------------------
 
-/// Forward DFT of N complex numbers, 2 <= N <= 64: rvngDFTFwd_CToC_<N>_32fc and _64fc.
+/// Forward DFT of N complex numbers, 2 <= N <= 64: `rvngDFTFwd_CToC_<N>_32fc` and _64fc.
 /// in, out: N elements each. Statuses: NoError, NullPointer, FlagError.
 template <std::size_t N>
 Status dftForward(Signal<const std::complex<float>, N> in, Signal<std::complex<float>, N> out,
@@ -252,6 +264,7 @@ Status dftForward(Signal<const std::complex<float>, N> in, Signal<std::complex<f
     return detail::run<detail::Forward<detail::Interleaved>, N>(in, out, scale);
 }
 
+/// The same for double.
 template <std::size_t N>
 Status dftForward(Signal<const std::complex<double>, N> in, Signal<std::complex<double>, N> out,
                   Scale scale)
@@ -259,7 +272,7 @@ Status dftForward(Signal<const std::complex<double>, N> in, Signal<std::complex<
     return detail::run<detail::Forward<detail::Interleaved>, N>(in, out, scale);
 }
 
-/// Inverse DFT of N complex numbers: rvngDFTInv_CToC_<N>_32fc and _64fc. As dftForward.
+/// Inverse DFT of N complex numbers: `rvngDFTInv_CToC_<N>_32fc` and _64fc. As dftForward.
 template <std::size_t N>
 Status dftInverse(Signal<const std::complex<float>, N> in, Signal<std::complex<float>, N> out,
                   Scale scale)
@@ -267,6 +280,7 @@ Status dftInverse(Signal<const std::complex<float>, N> in, Signal<std::complex<f
     return detail::run<detail::Inverse<detail::Interleaved>, N>(in, out, scale);
 }
 
+/// The same for double.
 template <std::size_t N>
 Status dftInverse(Signal<const std::complex<double>, N> in, Signal<std::complex<double>, N> out,
                   Scale scale)
@@ -284,6 +298,7 @@ inline Status dftForward(std::span<const std::complex<float>> in,
                                                                   in.size(), in, out, scale);
 }
 
+/// The same for double.
 inline Status dftForward(std::span<const std::complex<double>> in,
                          std::span<std::complex<double>> out, Scale scale)
 {
@@ -299,6 +314,7 @@ inline Status dftInverse(std::span<const std::complex<float>> in,
                                                                   in.size(), in, out, scale);
 }
 
+/// The same for double.
 inline Status dftInverse(std::span<const std::complex<double>> in,
                          std::span<std::complex<double>> out, Scale scale)
 {
@@ -308,7 +324,7 @@ inline Status dftInverse(std::span<const std::complex<double>> in,
 
 // ---- Real DFT ----------------------------------------------------------------------------------
 
-/// DFT of N real numbers into a layout L, 2 <= N <= 64: rvngDFTFwd_RTo<L>_<N>_32f and _64f.
+/// DFT of N real numbers into a layout L, 2 <= N <= 64: `rvngDFTFwd_RTo<L>_<N>_32f` and _64f.
 /// in: the signal, N elements; out: the spectrum, L::size(N) elements.
 /// Statuses: NoError, NullPointer, FlagError.
 template <Layout L, std::size_t N>
@@ -317,13 +333,14 @@ Status dftForward(Signal<const float, N> in, std::span<float, L::size(N)> out, S
     return detail::run<detail::Forward<L>, N>(in, out, scale);
 }
 
+/// The same for double.
 template <Layout L, std::size_t N>
 Status dftForward(Signal<const double, N> in, std::span<double, L::size(N)> out, Scale scale)
 {
     return detail::run<detail::Forward<L>, N>(in, out, scale);
 }
 
-/// Back from a layout L: rvngDFTInv_<L>ToR_<N>_32f and _64f.
+/// Back from a layout L: `rvngDFTInv_<L>ToR_<N>_32f` and _64f.
 /// in: the spectrum, L::size(N) elements; out: the signal, N elements.
 /// Statuses: NoError, NullPointer, FlagError.
 template <Layout L, std::size_t N>
@@ -332,13 +349,14 @@ Status dftInverse(std::span<const float, L::size(N)> in, Signal<float, N> out, S
     return detail::run<detail::Inverse<L>, N>(in, out, scale);
 }
 
+/// The same for double.
 template <Layout L, std::size_t N>
 Status dftInverse(std::span<const double, L::size(N)> in, Signal<double, N> out, Scale scale)
 {
     return detail::run<detail::Inverse<L>, N>(in, out, scale);
 }
 
-/// The same with N = in.size() at run time: rvngDFTFwd_RTo<L>_32f and _64f.
+/// The same with N = in.size() at run time: `rvngDFTFwd_RTo<L>_32f` and _64f.
 /// in: N elements; out: L::size(N) elements. Statuses: NoError, SizeError (N below 2 or above 64,
 /// or a spectrum of another size), NullPointer, FlagError.
 template <Layout L> Status dftForward(std::span<const float> in, std::span<float> out, Scale scale)
@@ -347,6 +365,7 @@ template <Layout L> Status dftForward(std::span<const float> in, std::span<float
                                                 out, scale);
 }
 
+/// The same for double.
 template <Layout L>
 Status dftForward(std::span<const double> in, std::span<double> out, Scale scale)
 {
@@ -354,14 +373,15 @@ Status dftForward(std::span<const double> in, std::span<double> out, Scale scale
                                                 out, scale);
 }
 
-/// The same with N = out.size() at run time: rvngDFTInv_<L>ToR_32f and _64f.
-/// in: L::size(N) elements; out: N elements. Statuses as those of the run-time dftForward<L>.
+/// The same with N = out.size() at run time: `rvngDFTInv_<L>ToR_32f` and _64f.
+/// in: L::size(N) elements; out: N elements. Statuses as those of the run-time dftForward.
 template <Layout L> Status dftInverse(std::span<const float> in, std::span<float> out, Scale scale)
 {
     return detail::dispatch<detail::Inverse<L>>(in.size() == L::size(out.size()), out.size(), in,
                                                 out, scale);
 }
 
+/// The same for double.
 template <Layout L>
 Status dftInverse(std::span<const double> in, std::span<double> out, Scale scale)
 {
@@ -371,7 +391,7 @@ Status dftInverse(std::span<const double> in, std::span<double> out, Scale scale
 
 // ---- Hartley transform -------------------------------------------------------------------------
 
-/// Hartley transform of N real numbers, 2 <= N <= 64: rvngHartley_<N>_32f and _64f.
+/// Hartley transform of N real numbers, 2 <= N <= 64: `rvngHartley_<N>_32f` and _64f.
 /// in, out: N elements each. Statuses: NoError, NullPointer, FlagError.
 template <std::size_t N>
 Status hartley(Signal<const float, N> in, Signal<float, N> out, Scale scale)
@@ -379,6 +399,7 @@ Status hartley(Signal<const float, N> in, Signal<float, N> out, Scale scale)
     return detail::run<detail::Hartley, N>(in, out, scale);
 }
 
+/// The same for double.
 template <std::size_t N>
 Status hartley(Signal<const double, N> in, Signal<double, N> out, Scale scale)
 {
@@ -393,6 +414,7 @@ inline Status hartley(std::span<const float> in, std::span<float> out, Scale sca
     return detail::dispatch<detail::Hartley>(in.size() == out.size(), in.size(), in, out, scale);
 }
 
+/// The same for double.
 inline Status hartley(std::span<const double> in, std::span<double> out, Scale scale)
 {
     return detail::dispatch<detail::Hartley>(in.size() == out.size(), in.size(), in, out, scale);
@@ -448,7 +470,7 @@ Status whtDispatch(std::span<const T> in, std::span<T> out, Scale scale, void* b
 
 } // namespace detail
 
-/// Walsh-Hadamard transform of an order from 1 to 13: rvngWHT_<order>_32f and _64f.
+/// Walsh-Hadamard transform of an order from 1 to 13: `rvngWHT_<order>_32f` and _64f.
 /// in, out: 2^order elements each. Work memory, from order 8 on, comes from rvnMalloc.
 /// Statuses: NoError, NullPointer, FlagError.
 template <std::size_t order>
@@ -457,6 +479,7 @@ Status wht(PowerOfTwo<const float, order> in, PowerOfTwo<float, order> out, Scal
     return detail::whtKernel<order>(in, out, scale, nullptr);
 }
 
+/// The same for double.
 template <std::size_t order>
 Status wht(PowerOfTwo<const double, order> in, PowerOfTwo<double, order> out, Scale scale)
 {
@@ -475,6 +498,7 @@ Status wht(PowerOfTwo<const float, order> in, PowerOfTwo<float, order> out, Scal
     return detail::whtKernel<order>(in, out, scale, buffer.data());
 }
 
+/// The same for double.
 template <std::size_t order>
 Status wht(PowerOfTwo<const double, order> in, PowerOfTwo<double, order> out, Scale scale,
            std::span<std::byte> buffer)
@@ -492,6 +516,7 @@ inline Status wht(std::span<const float> in, std::span<float> out, Scale scale)
     return detail::whtDispatch(in, out, scale, nullptr);
 }
 
+/// The same for double.
 inline Status wht(std::span<const double> in, std::span<double> out, Scale scale)
 {
     return detail::whtDispatch(in, out, scale, nullptr);
@@ -506,6 +531,7 @@ inline Status wht(std::span<const float> in, std::span<float> out, Scale scale,
     return detail::whtDispatch(in, out, scale, buffer.data());
 }
 
+/// The same for double.
 inline Status wht(std::span<const double> in, std::span<double> out, Scale scale,
                   std::span<std::byte> buffer)
 {
@@ -550,6 +576,7 @@ RVNG_FACE_DCT4(64f)
 template <Real T> class Dct4
 {
 public:
+    /// 2^27 for float, 2^26 for double.
     static constexpr std::size_t largestSize = std::size_t{1} << (sizeof(T) == 4 ? 27 : 26);
 
     /// Writes to bytes how large the block of a plan must be: rvngDCT4GetSize_32f and _64f.
@@ -565,6 +592,7 @@ public:
         return Status{status};
     }
 
+    /// No plan.
     Dct4() noexcept = default;
 
     /// A plan in memory from rvnMalloc: rvngDCT4InitAlloc_32f and _64f.
@@ -590,8 +618,10 @@ public:
             keep(N, Functions::init(&spec_, static_cast<std::int32_t>(N), block.data()), false);
     }
 
+    /// Takes the plan of other.
     Dct4(Dct4&& other) noexcept { swap(other); }
 
+    /// Ends the plan held so far and takes that of other.
     Dct4& operator=(Dct4&& other) noexcept
     {
         Dct4 taken(std::move(other));
@@ -599,6 +629,7 @@ public:
         return *this;
     }
 
+    /// Ends the plan; a block of the caller's remains the caller's.
     ~Dct4()
     {
         if (ownsBlock_)
@@ -607,6 +638,7 @@ public:
 
     /// NoError for an object with a plan, else why there is none; NullPointer after a move.
     Status status() const noexcept { return status_; }
+    /// Whether there is a plan.
     explicit operator bool() const noexcept { return status_ == Status::NoError; }
 
     /// N, or 0 without a plan.
