@@ -15,7 +15,7 @@ if(NOT symbols STREQUAL exports)
     message(FATAL_ERROR "${LIBRARY}\nexports beyond its list: ${added}\ndoes not export: ${exports}")
 endif()
 
-if(DIFF)
+if(DEFINED DIFF)
     execute_process(COMMAND ${DIFF} ${DESCRIPTION} ${LIBRARY}
         RESULT_VARIABLE status OUTPUT_VARIABLE differences ERROR_VARIABLE differences)
     if(NOT status EQUAL 0 OR NOT differences STREQUAL "")
