@@ -13,6 +13,7 @@
 #include "machine.h"
 #include "mixed_lengths.h"
 #include "options.h"
+#include "progress.h"
 #include "rates.h"
 #include "real_series.h"
 #include "series.h"
@@ -85,14 +86,25 @@ void printMachineAndMethod(const Options& options)
         print(entry.method(options));
 }
 
-void run(const Series& series, const Options& options)
+// A table, one of several.
+struct Turn {
+    std::size_t number;
+    std::size_t of;
+};
+
+void run(const Series& series, Turn turn, const Options& options)
 {
     const std::string title = series.name + (inPlace(options) ? ", in place" : ", out of place");
     std::printf("\n%s\n\n", title.c_str());
     printHead(series.layout);
     std::vector<Row> rows;
+    Progress progress("rvngenmx_bench, " + std::to_string(turn.number) + " of " +
+                          std::to_string(turn.of) + ": " + series.name,
+                      series.sizes.size());
     for (const int size : series.sizes) {
+        progress.step(series.layout.size + " " + std::to_string(size));
         rows.push_back(series.measure(size));
+        progress.clear();
         printRow(series.layout, rows.back());
     }
     printSummary(series.layout, rows, options.limits);
@@ -120,9 +132,13 @@ void runAll(const Options& options)
     printMachineAndMethod(options);
     for (const Study study : options.studies)
         run(study, options);
-    for (const FamilyEntry& entry : measuredFamilies(options))
-        for (const Precision precision : options.precisions)
-            run(entry.series(options, precision), options);
+    const std::vector<FamilyEntry> measured = measuredFamilies(options);
+    Turn turn = {.number = 0, .of = measured.size() * options.precisions.size()};
+    for (const FamilyEntry& entry : measured)
+        for (const Precision precision : options.precisions) {
+            ++turn.number;
+            run(entry.series(options, precision), turn, options);
+        }
 }
 
 } // namespace
