@@ -3,6 +3,7 @@
 // Usually run by tools/bench, which builds it and draws the plots; tools/bench --help lists the
 // options.
 
+#include "batches.h"
 #include "clock.h"
 #include "complex_series.h"
 #include "data_file.h"
@@ -124,6 +125,8 @@ void run(Study study, const Options& options)
         return reportDispatch(options);
     case Study::Mixed:
         return reportMixedLengths(options);
+    case Study::Batches:
+        return reportBatches(options);
     }
 }
 
