@@ -12,9 +12,11 @@
 #include "half_spectrum.h"
 #include "input.h"
 #include "kernels.h"
+#include "progress.h"
 #include "wht_kernels.h"
 
 #include <algorithm>
+#include <bit>
 #include <cmath>
 #include <cstdio>
 #include <exception>
@@ -165,12 +167,15 @@ void printDfts()
 {
     std::puts("| N | complex 64fc | 32fc | real forward 64f | 32f | real inverse 64f | 32f | "
               "Hartley 64f | 32f |\n|---|---|---|---|---|---|---|---|---|");
+    Progress progress("rvngenmx_accuracy", longestLength - shortestLength + 1);
     for (int N = shortestLength; N <= longestLength; ++N) {
+        progress.step("length " + std::to_string(N));
         std::printf("| %d |", N);
         printCells(complexErrors<double, Rvn64fc>(N), complexErrors<float, Rvn32fc>(N));
         printCells(forwardErrors<double>(N), forwardErrors<float>(N));
         printCells(inverseErrors<double>(N), inverseErrors<float>(N));
         printCells(hartleyErrors<double>(N), hartleyErrors<float>(N));
+        progress.clear();
         std::puts("");
     }
 }
@@ -178,13 +183,16 @@ void printDfts()
 void printPowersOfTwo()
 {
     std::puts("\n| N | Walsh-Hadamard 64f | 32f | DCT-IV 64f | 32f |\n|---|---|---|---|---|");
+    Progress progress("rvngenmx_accuracy", std::countr_zero(static_cast<unsigned>(largestSize)));
     for (int k = lowestOrder; 1 << k <= largestSize; ++k) {
+        progress.step("size " + std::to_string(1 << k));
         std::printf("| %d |", 1 << k);
         if (k <= highestOrder)
             printCells(whtErrors<double>(k), whtErrors<float>(k));
         else
             std::printf(" | |");
         printCells(dct4Errors<double>(1 << k), dct4Errors<float>(1 << k));
+        progress.clear();
         std::puts("");
     }
 }

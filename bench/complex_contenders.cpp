@@ -21,9 +21,6 @@ namespace rvn::bench
 namespace
 {
 
-template <typename Real>
-using Element = std::conditional_t<std::is_same_v<Real, float>, Rvn32fc, Rvn64fc>;
-
 template <typename Real> Draw<Real> problems(int length, Direction direction)
 {
     return [=](Random& random) {
@@ -46,9 +43,9 @@ Entrants<Real> complexEntrants(Buffers<Real>& buffers, int length, Direction dir
     const Draw<Real> draw = problems<Real>(length, direction);
     Entrants<Real> all;
 
-    const Kernel<Element<Real>> kernel = (forward ? fwdCToC : invCToC).template of<Real>(length);
-    const auto* const src = reinterpret_cast<const Element<Real>*>(source);
-    auto* const dst = reinterpret_cast<Element<Real>*>(destination);
+    const Kernel<Pair<Real>> kernel = (forward ? fwdCToC : invCToC).template of<Real>(length);
+    const auto* const src = reinterpret_cast<const Pair<Real>*>(source);
+    auto* const dst = reinterpret_cast<Pair<Real>*>(destination);
     all.push_back({contender("ours", [=] { kernel(src, dst, RvnScaleNone); }), draw});
 
     for (const FftwVariant& variant : fftwVariants) {

@@ -22,6 +22,8 @@ template <> struct Fftw<double> {
     static constexpr auto realToComplex = fftw_plan_dft_r2c_1d;
     static constexpr auto complexToReal = fftw_plan_dft_c2r_1d;
     static constexpr auto realToReal = fftw_plan_r2r_1d;
+    static constexpr auto manyComplexToComplex = fftw_plan_many_dft;
+    static constexpr auto manyRealToComplex = fftw_plan_many_dft_r2c;
     static constexpr auto forgetWisdom = fftw_forget_wisdom;
     static constexpr auto destroy = fftw_destroy_plan;
     static void execute(Plan plan) { fftw_execute(plan); }
@@ -34,6 +36,8 @@ template <> struct Fftw<float> {
     static constexpr auto realToComplex = fftwf_plan_dft_r2c_1d;
     static constexpr auto complexToReal = fftwf_plan_dft_c2r_1d;
     static constexpr auto realToReal = fftwf_plan_r2r_1d;
+    static constexpr auto manyComplexToComplex = fftwf_plan_many_dft;
+    static constexpr auto manyRealToComplex = fftwf_plan_many_dft_r2c;
     static constexpr auto forgetWisdom = fftwf_forget_wisdom;
     static constexpr auto destroy = fftwf_destroy_plan;
     static void execute(Plan plan) { fftwf_execute(plan); }

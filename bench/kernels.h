@@ -12,6 +12,10 @@
 namespace rvn::bench
 {
 
+// A complex number.
+template <typename Real>
+using Pair = std::conditional_t<std::is_same_v<Real, float>, Rvn32fc, Rvn64fc>;
+
 template <typename Element>
 using Kernel = RvnStatus (*)(const Element* src, Element* dst, RvnScaleFlag flag);
 

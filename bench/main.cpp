@@ -3,6 +3,7 @@
 // Usually run by tools/bench, which builds it and draws the plots; tools/bench --help lists the
 // options.
 
+#include "batches.h"
 #include "clock.h"
 #include "complex_series.h"
 #include "data_file.h"
@@ -13,6 +14,7 @@
 #include "machine.h"
 #include "mixed_lengths.h"
 #include "options.h"
+#include "progress.h"
 #include "rates.h"
 #include "real_series.h"
 #include "series.h"
@@ -85,14 +87,25 @@ void printMachineAndMethod(const Options& options)
         print(entry.method(options));
 }
 
-void run(const Series& series, const Options& options)
+// A table, one of several.
+struct Turn {
+    std::size_t number;
+    std::size_t of;
+};
+
+void run(const Series& series, Turn turn, const Options& options)
 {
     const std::string title = series.name + (inPlace(options) ? ", in place" : ", out of place");
     std::printf("\n%s\n\n", title.c_str());
     printHead(series.layout);
     std::vector<Row> rows;
+    Progress progress("rvngenmx_bench, " + std::to_string(turn.number) + " of " +
+                          std::to_string(turn.of) + ": " + series.name,
+                      series.sizes.size());
     for (const int size : series.sizes) {
+        progress.step(series.layout.size + " " + std::to_string(size));
         rows.push_back(series.measure(size));
+        progress.clear();
         printRow(series.layout, rows.back());
     }
     printSummary(series.layout, rows, options.limits);
@@ -112,6 +125,8 @@ void run(Study study, const Options& options)
         return reportDispatch(options);
     case Study::Mixed:
         return reportMixedLengths(options);
+    case Study::Batches:
+        return reportBatches(options);
     }
 }
 
@@ -120,9 +135,13 @@ void runAll(const Options& options)
     printMachineAndMethod(options);
     for (const Study study : options.studies)
         run(study, options);
-    for (const FamilyEntry& entry : measuredFamilies(options))
-        for (const Precision precision : options.precisions)
-            run(entry.series(options, precision), options);
+    const std::vector<FamilyEntry> measured = measuredFamilies(options);
+    Turn turn = {.number = 0, .of = measured.size() * options.precisions.size()};
+    for (const FamilyEntry& entry : measured)
+        for (const Precision precision : options.precisions) {
+            ++turn.number;
+            run(entry.series(options, precision), turn, options);
+        }
 }
 
 } // namespace

@@ -8,6 +8,7 @@
 #include "input.h"
 #include "measure.h"
 #include "option_values.h"
+#include "progress.h"
 
 #include <algorithm>
 #include <cstdio>
@@ -23,13 +24,15 @@ namespace
 {
 
 // By length, in the order of the round.
-template <typename Real> std::vector<std::vector<Contender>> contendersOfAll(Buffers<Real>& buffers)
+template <typename Real>
+std::vector<std::vector<Contender>> contendersOfAll(Buffers<Real>& buffers, Progress& progress)
 {
     std::vector<int> lengths = allSizes(shortestLength, longestLength);
     Random random(seed);
     std::ranges::shuffle(lengths, random);
     std::vector<std::vector<Contender>> all;
     for (const int length : lengths) {
+        progress.step("planning length " + std::to_string(length));
         std::vector<Contender> contenders;
         for (const Entrant<Real>& entrant :
              complexEntrants(buffers, length, Direction::Forward, Placement::OutOfPlace))
@@ -56,10 +59,12 @@ std::vector<Contender> rounds(const std::vector<std::vector<Contender>>& all)
 }
 
 // The sum over the lengths of each contender's time in a loop of its own.
-std::vector<double> hotSums(const std::vector<std::vector<Contender>>& all, const Options& options)
+std::vector<double> hotSums(const std::vector<std::vector<Contender>>& all, const Options& options,
+                            Progress& progress)
 {
     std::vector<double> sums(all.front().size());
     for (const std::vector<Contender>& ofLength : all) {
+        progress.step("a loop over one length");
         const std::vector<Timing> timings = measure(ofLength, options.repetitions, options.seconds);
         for (std::size_t i = 0; i < sums.size(); ++i)
             sums[i] += timings[i].nanoseconds;
@@ -70,10 +75,13 @@ std::vector<double> hotSums(const std::vector<std::vector<Contender>>& all, cons
 template <typename Real> void report(const std::string& suffix, const Options& options)
 {
     const auto buffers = std::make_unique<Buffers<Real>>();
-    const auto all = contendersOfAll(*buffers);
+    constexpr std::size_t lengths = longestLength - shortestLength + 1;
+    Progress progress("rvngenmx_bench, lengths in turn, " + suffix, 2 * lengths);
+    const auto all = contendersOfAll(*buffers, progress);
     fillForTiming<Real>(buffers->source, Placement::OutOfPlace);
     const std::vector<Timing> timings = measure(rounds(all), options.repetitions, options.seconds);
-    const std::vector<double> hot = hotSums(all, options);
+    const std::vector<double> hot = hotSums(all, options, progress);
+    progress.clear();
     for (std::size_t i = 0; i < hot.size(); ++i)
         std::printf("%-6s%-12s |%12.0f%12.0f%12.2f |%12.2f%12.2f\n", suffix.c_str(),
                     all.front()[i].name.c_str(), timings[i].nanoseconds, hot[i],

@@ -137,10 +137,11 @@ constexpr std::array sizes = {Family::Dct4};
 // The studies first, which leave no family; --quick before --sizes and --repetitions, which have
 // the last word; --family before those that depend on it.
 // clang-format off
-constexpr std::array<Option, 14> table = {{
+constexpr std::array<Option, 15> table = {{
     {"--rates",       any,      addStudy<Study::Rates>,    ""},
     {"--dispatch",    any,      addStudy<Study::Dispatch>, ""},
     {"--mixed",       any,      addStudy<Study::Mixed>,    ""},
+    {"--batches",     any,      addStudy<Study::Batches>,  ""},
     {"--family",      families, setFamily,                 "complex, real, hartley, wht or dct4"},
     {"--quick",       any,      setQuick,                  ""},
     {"--lengths",     lengths,  setLengths,                "lengths from 2 to 64, as in 8 or 2-16 or 3,5,60-64"},

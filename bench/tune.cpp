@@ -188,6 +188,7 @@ void tune(const fs::path& table, const std::vector<Form>& forms)
         std::puts(textOf(line).c_str());
 
     static Buffers buffers;
+    std::size_t timed = 0;
     for (const TunedKernel& kernel : kernels) {
         fill(buffers, kernel.isDouble);
         const Line& byDefault = defaults.at(kernel.isDouble ? "default_64" : "default_32");
@@ -205,9 +206,9 @@ void tune(const fs::path& table, const std::vector<Form>& forms)
         const double gain = seconds[defaultForm - forms.begin()] / seconds[best] - 1;
         if (gain > noise)
             std::puts(textOf({kernel.file, forms[best].order, forms[best].options}).c_str());
-        std::fprintf(stderr, "%-22s %9.1f ns  %s %s  %+.1f %%\n", kernel.file.c_str(),
-                     seconds[best] * 1e9, forms[best].order.c_str(), forms[best].options.c_str(),
-                     100 * gain);
+        std::fprintf(stderr, "%4zu of %zu: %-22s %9.1f ns  %s %s  %+.1f %%\n", ++timed,
+                     kernels.size(), kernel.file.c_str(), seconds[best] * 1e9,
+                     forms[best].order.c_str(), forms[best].options.c_str(), 100 * gain);
     }
     for (const Line& line : kept)
         std::puts(textOf(line).c_str());
