@@ -84,11 +84,12 @@ bool isServed(int size)
 TYPED_TEST(Dct4Blocks, PowersOfTwoAreServedAndFrom9OnTheirUpperNeighbours)
 {
     std::vector<std::byte> block(1 << 15);
+    auto* const before = reinterpret_cast<typename Dct4<TypeParam>::Spec*>(&block);
     for (int size = -8; size <= 1026; ++size) {
-        typename Dct4<TypeParam>::Spec* spec = nullptr;
+        auto* spec = before;
         const RvnStatus status = Dct4<TypeParam>::init(&spec, size, block.data());
         EXPECT_EQ(status, isServed(size) ? RvnStatusNoError : RvnStatusSizeError) << size;
-        EXPECT_EQ(spec != nullptr, isServed(size)) << size;
+        EXPECT_EQ(spec != before, isServed(size)) << size;
         EXPECT_EQ(this->bytesOf(size) != this->untouched, isServed(size)) << size;
     }
     for (const int size : {INT_MIN, INT_MIN + 1, -(1 << 20), 3 << 15, (1 << 17) + 2, INT_MAX})
@@ -147,7 +148,7 @@ TYPED_TEST(Dct4Blocks, NothingOutsideTheBlockIsTouchedWhateverItsAlignment)
     }
 }
 
-TYPED_TEST(Dct4Blocks, NullPointersAreRefusedFirst)
+TYPED_TEST(Dct4Blocks, NullPointersAndADamagedPlanAreRefusedAndNothingIsTouched)
 {
     using D = Dct4<TypeParam>;
     std::vector<std::byte> block(this->bytesOf(64), std::byte{0x5a});
@@ -168,6 +169,8 @@ TYPED_TEST(Dct4Blocks, NullPointersAreRefusedFirst)
     EXPECT_EQ(D::run(array, nullptr, spec), RvnStatusNullPointer);
     EXPECT_EQ(D::run(array, array, nullptr), RvnStatusNullPointer);
     EXPECT_EQ(block, planned);
+    reinterpret_cast<dct4::record::Env1<TypeParam>*>(spec)->mode = 0;
+    EXPECT_EQ(D::run(array, array, spec), RvnStatusBadMode);
 }
 
 } // namespace

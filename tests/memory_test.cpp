@@ -90,6 +90,7 @@ TYPED_TEST(Memory, OnlyAKernelWithoutItsBufferAllocatesAndItReleases)
         kernel.run(nullptr, y.data(), RvnScaleNone);
         kernel.run(x.data(), nullptr, RvnScaleNone);
         kernel.run(x.data(), y.data(), RvnScaleNone, buffer.data());
+        kernel.dispatcher(x.data(), y.data(), kernel.size, RvnScaleNone, buffer.data());
         EXPECT_EQ(allocator.requests, 0) << kernel.name;
 
         kernel.run(x.data(), y.data(), RvnScaleNone);
@@ -149,7 +150,8 @@ TYPED_TEST(Memory, APlanTakesOneBlockAndGivesItBackWhole)
 TYPED_TEST(Memory, ARefusedPlanHoldsNothing)
 {
     using D = Dct4<TypeParam>;
-    typename D::Spec* spec = nullptr;
+    auto* const before = reinterpret_cast<typename D::Spec*>(&allocator);
+    auto* spec = before;
     for (const int size : {INT32_MIN, -8, 0, 1, 3, 5, 6, 7, 10, 96, 1 << 28})
         EXPECT_EQ(D::initAlloc(&spec, size), RvnStatusSizeError) << size;
     EXPECT_EQ(D::initAlloc(nullptr, 64), RvnStatusNullPointer);
@@ -159,7 +161,7 @@ TYPED_TEST(Memory, ARefusedPlanHoldsNothing)
 
     allocator.isExhausted = true;
     EXPECT_EQ(D::initAlloc(&spec, 64), RvnStatusNullPointer);
-    EXPECT_EQ(spec, nullptr);
+    EXPECT_EQ(spec, before);
     EXPECT_EQ(allocator.requests, 1);
     EXPECT_EQ(allocator.releases, 1);
     EXPECT_EQ(allocator.released, nullptr);

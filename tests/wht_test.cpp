@@ -84,17 +84,17 @@ TYPED_TEST(Wht, EveryRoundingIsThatOfTheLoop)
 
 TYPED_TEST(Wht, NoByteOfABufferBeyondTheTablesIsTouched)
 {
-    const GuardedMemory buffers((8192 + 1024) * sizeof(double));
+    const GuardedMemory buffers((8192 + 1024) * sizeof(double) + 1);
     for (int order = 1; order <= 13; ++order) {
         const auto& kernel = kernelOf<TypeParam>(Transform::WalshHadamard, order);
         const std::size_t bytes = kernel.workElements() * sizeof(TypeParam);
         int32_t size = -1;
         EXPECT_EQ(this->query(order, &size), RvnStatusNoError);
         EXPECT_EQ(size, static_cast<int32_t>(bytes)) << order;
-        for (const bool atEnd : {false, true}) {
+        for (const int place : {0, 1, 2}) { // at the beginning, at the end, a byte before the end
             // Orders without work memory must not look at the pointer at all.
-            void* const buffer =
-                bytes == 0 ? buffers.template untouchable<void>() : buffers.place(bytes, atEnd);
+            void* const buffer = bytes == 0 ? buffers.template untouchable<void>()
+                                            : buffers.place(bytes + place / 2, place > 0);
             const auto x = randomParts<TypeParam>(kernel.length(), 19);
             std::vector y(x.size(), nan<TypeParam>);
             kernel.run(x.data(), y.data(), RvnScaleNone, buffer);
