@@ -4,6 +4,7 @@
 #include "guarded_memory.h"
 #include "kernels.h"
 
+#include <algorithm>
 #include <cfenv>
 #include <climits>
 
@@ -48,9 +49,10 @@ TYPED_TEST(Wht, EveryWayOfCallingEqualsTheLoopBitForBit)
             const auto expected = byLoop(x, kernel.scale(flag));
             EXPECT_TRUE(haveSameBits(resultOf(kernel, x.data(), flag), expected)) << kernel.name;
 
-            // A caller's buffer of any content, one byte off every alignment.
-            std::vector<std::byte> memory(1 + sizeof(TypeParam) * kernel.workElements(),
-                                          std::byte{0xff});
+            // A caller's buffer of any content, one byte off every alignment, and what lies behind.
+            constexpr int behind = 64;
+            constexpr std::byte content{0xff};
+            std::vector memory(1 + sizeof(TypeParam) * kernel.workElements() + behind, content);
             std::vector y(x.size(), nan<TypeParam>);
             EXPECT_EQ(kernel.dispatcher(x.data(), y.data(), order, flag, memory.data() + 1),
                       RvnStatusNoError);
@@ -59,6 +61,7 @@ TYPED_TEST(Wht, EveryWayOfCallingEqualsTheLoopBitForBit)
             y = x;
             EXPECT_EQ(kernel.run(y.data(), y.data(), flag, memory.data() + 1), RvnStatusNoError);
             EXPECT_TRUE(haveSameBits(y, expected)) << kernel.name << " in place";
+            EXPECT_EQ(std::count(memory.end() - behind, memory.end(), content), behind) << order;
         }
 }
 
@@ -84,17 +87,17 @@ TYPED_TEST(Wht, EveryRoundingIsThatOfTheLoop)
 
 TYPED_TEST(Wht, NoByteOfABufferBeyondTheTablesIsTouched)
 {
-    const GuardedMemory buffers((8192 + 1024) * sizeof(double) + 1);
+    const GuardedMemory buffers((8192 + 1024) * sizeof(double));
     for (int order = 1; order <= 13; ++order) {
         const auto& kernel = kernelOf<TypeParam>(Transform::WalshHadamard, order);
         const std::size_t bytes = kernel.workElements() * sizeof(TypeParam);
         int32_t size = -1;
         EXPECT_EQ(this->query(order, &size), RvnStatusNoError);
         EXPECT_EQ(size, static_cast<int32_t>(bytes)) << order;
-        for (const int place : {0, 1, 2}) { // at the beginning, at the end, a byte before the end
+        for (const bool atEnd : {false, true}) {
             // Orders without work memory must not look at the pointer at all.
-            void* const buffer = bytes == 0 ? buffers.template untouchable<void>()
-                                            : buffers.place(bytes + place / 2, place > 0);
+            void* const buffer =
+                bytes == 0 ? buffers.template untouchable<void>() : buffers.place(bytes, atEnd);
             const auto x = randomParts<TypeParam>(kernel.length(), 19);
             std::vector y(x.size(), nan<TypeParam>);
             kernel.run(x.data(), y.data(), RvnScaleNone, buffer);
