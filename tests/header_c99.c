@@ -11,6 +11,16 @@ typedef char rvn32fcIsAPairOfFloats[sizeof(Rvn32fc) == 8 && offsetof(Rvn32fc, im
 typedef char rvn64fcIsAPairOfDoubles[sizeof(Rvn64fc) == 16 && offsetof(Rvn64fc, im) == 8 ? 1 : -1];
 typedef char plainIntegers[sizeof(RvnStatus) == 4 && sizeof(RvnScaleFlag) == 4 ? 1 : -1];
 
+/* Programs that are compiled already hold the values. */
+typedef char statuses[RvnStatusNoError == 0 && RvnStatusBadMode == -5 && RvnStatusSizeError == -6 &&
+                              RvnStatusNullPointer == -8 && RvnStatusFlagError == -16
+                          ? 1
+                          : -1];
+typedef char
+    flags[RvnScaleFwdByN == 1 && RvnScaleInvByN == 2 && RvnScaleBySqrtN == 4 && RvnScaleNone == 8
+              ? 1
+              : -1];
+
 int main(void)
 {
     RvnStatus (*const kernel)(const Rvn32fc*, Rvn32fc*, RvnScaleFlag) = rvngDFTFwd_CToC_2_32fc;
