@@ -16,16 +16,22 @@ install(EXPORT rvngenmx
     FILE rvngenmxConfig.cmake
     DESTINATION ${packageFolder}
     COMPONENT development)
-# The soname carries both numbers: 6.2 would be another library.
 write_basic_package_version_file(${PROJECT_BINARY_DIR}/rvngenmxConfigVersion.cmake
-    COMPATIBILITY SameMinorVersion)
+    COMPATIBILITY SameMajorVersion)
 install(FILES ${PROJECT_BINARY_DIR}/rvngenmxConfigVersion.cmake
     DESTINATION ${packageFolder}
     COMPONENT development)
 
+# Folders as pkg-config finds them from its file: below the prefix, or absolute ones as they are.
 file(RELATIVE_PATH fromPcFolderToPrefix
     ${CMAKE_INSTALL_FULL_LIBDIR}/pkgconfig ${CMAKE_INSTALL_PREFIX})
 string(REGEX REPLACE "/$" "" fromPcFolderToPrefix "${fromPcFolderToPrefix}")
+foreach(folder IN ITEMS LIBDIR INCLUDEDIR)
+    set(pc${folder} "\${prefix}/${CMAKE_INSTALL_${folder}}")
+    if(IS_ABSOLUTE "${CMAKE_INSTALL_${folder}}")
+        set(pc${folder} "${CMAKE_INSTALL_${folder}}")
+    endif()
+endforeach()
 foreach(name IN ITEMS rvncore rvngenmx)
     configure_file(cmake/${name}.pc.in ${PROJECT_BINARY_DIR}/${name}.pc @ONLY)
     install(FILES ${PROJECT_BINARY_DIR}/${name}.pc

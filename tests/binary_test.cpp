@@ -1,11 +1,11 @@
 // The built library is what it claims to be: straight-line scalar kernels that do the planned
 // operations and nothing else, dispatchers of one comparison and one indexed jump, an engine that
-// hides its parts, and a file that exports what the header declares and needs nothing beyond
-// librvncore and the C library.
+// hides its parts, and exports that are what the header declares.
 //
-// It reads the machine code and the tables of the file, so it belongs to optimised builds.
+// It reads the machine code of the file, so it belongs to optimised builds.
 // LIBRARY, HEADER and PREPROCESSOR are paths; OBJECT_LIST names a file listing the object files.
 
+#include "command_output.h"
 #include "kernels.h"
 
 #include "dct4/plans.h"
@@ -36,20 +36,6 @@ struct Instruction {
 };
 
 using Code = std::vector<Instruction>;
-
-std::vector<std::string> linesOf(const std::string& command)
-{
-    std::string output;
-    FILE* const pipe = popen(command.c_str(), "r");
-    for (int c = std::getc(pipe); c != EOF; c = std::getc(pipe))
-        output += static_cast<char>(c);
-    EXPECT_EQ(pclose(pipe), 0) << command;
-    std::istringstream text(output);
-    std::vector<std::string> lines;
-    for (std::string line; std::getline(text, line);)
-        lines.push_back(line);
-    return lines;
-}
 
 // A function's instructions without padding, by its name.
 const std::map<std::string, Code>& functions()
@@ -141,6 +127,25 @@ void expectStraightLine(const std::string& name, const Code& code)
         EXPECT_TRUE(i < first || last.base() < i) << name;
         EXPECT_TRUE(target <= first->address || last->address < target) << name;
     }
+}
+
+// Constants are addressed by %rip, the frame by %rsp, and one register each holds src and dst.
+void expectReadsBeforeWrites(const std::string& name, const Code& code)
+{
+    const std::regex address(R"(.*\(%(\w+)\)(,.*)?)");
+    std::smatch match;
+    std::set<std::string> read, written;
+    for (const Instruction& instruction : code) {
+        if (instruction.operands.find('(') == std::string::npos)
+            continue;
+        ASSERT_TRUE(std::regex_match(instruction.operands, match, address)) << name;
+        const bool isWrite = !match[2].matched;
+        if (match[1] == "rsp" || (match[1] == "rip" && !isWrite))
+            continue;
+        (isWrite ? written : read).insert(match[1]);
+        ASSERT_TRUE(isWrite || written.empty()) << name << " reads after it has written";
+    }
+    EXPECT_TRUE(read.size() == 1 && written.size() == 1 && read != written) << name;
 }
 
 bool isPacked(const Instruction& instruction)
@@ -254,31 +259,11 @@ TEST(Binary, WalshHadamardKernelsAreScalarAndDoTheirButterflies)
         EXPECT_EQ(std::ranges::count_if(code, isMultiplication), 1 << order) << name;
         EXPECT_EQ(count("call"), 0) << name;
         expectStraightLine(name, code);
+        expectReadsBeforeWrites(name, code);
     };
     for (int order = 1; order <= 13; ++order) {
         check(kernelOf<float>(Transform::WalshHadamard, order).name, order);
         check(kernelOf<double>(Transform::WalshHadamard, order).name, order);
-    }
-}
-
-// Constants are addressed by %rip, the frame by %rsp, and one register each holds src and dst.
-TEST(Binary, KernelsReadSrcThenWriteDstAndUseTheirFrame)
-{
-    const std::regex address(R"(.*\(%(\w+)\)(,.*)?)");
-    std::smatch match;
-    for (const auto& [name, code, planned] : everyKernelsCode()) {
-        std::set<std::string> read, written;
-        for (const Instruction& instruction : code) {
-            if (instruction.operands.find('(') == std::string::npos)
-                continue;
-            ASSERT_TRUE(std::regex_match(instruction.operands, match, address)) << name;
-            const bool isWrite = !match[2].matched;
-            if (match[1] == "rsp" || (match[1] == "rip" && !isWrite))
-                continue;
-            (isWrite ? written : read).insert(match[1]);
-            ASSERT_TRUE(isWrite || written.empty()) << name << " reads after it has written";
-        }
-        EXPECT_TRUE(read.size() == 1 && written.size() == 1 && read != written) << name;
     }
 }
 
@@ -377,87 +362,6 @@ TEST(Binary, TheEngineOfTheDct4IsHiddenUnderItsDocumentedNames)
             hidden.insert(line.substr(line.rfind(' ') + 1));
     for (const std::string& name : expected)
         EXPECT_TRUE(hidden.contains(name)) << name;
-}
-
-TEST(Binary, TheFileNeedsNothingAndKeepsNoState)
-{
-    EXPECT_TRUE(std::string(LIBRARY).ends_with("/librvngenmx.so.6.1"));
-    std::ostringstream dynamic;
-    for (const std::string& line : linesOf("readelf -dW '" LIBRARY "'")) {
-        dynamic << line << "\n";
-        EXPECT_TRUE(line.find("(NEEDED)") == line.npos || line.find("[libc.so.6]") != line.npos ||
-                    line.find("[libm.so.6]") != line.npos ||
-                    line.find("[librvncore.so]") != line.npos)
-            << line;
-    }
-    EXPECT_NE(dynamic.str().find("Library soname: [librvngenmx.so.6.1]"), std::string::npos);
-    EXPECT_EQ(dynamic.str().find("TEXTREL"), std::string::npos);
-
-    EXPECT_NE(dynamic.str().find("Library runpath: [$ORIGIN]"), std::string::npos);
-
-    // Beyond the weak references of the toolchain's startup code: work memory, and the functions
-    // that tables are filled with.
-    std::set<std::string> imported;
-    const std::regex reference(R"( +U (\w+)(@.*)?)");
-    std::smatch match;
-    for (const std::string& line : linesOf("nm -D --undefined-only '" LIBRARY "'"))
-        if (std::regex_match(line, match, reference))
-            imported.insert(match[1]);
-    EXPECT_EQ(imported,
-              (std::set<std::string>{"cos", "cosf", "rvnFree", "rvnMalloc", "sin", "sinf"}));
-
-    // One entry each of start-up and exit code, the toolchain's own.
-    const std::regex section(R"(.*\] (\.\w+)\s+\w+\s+[0-9a-f]+ [0-9a-f]+ ([0-9a-f]+) .*)");
-    std::map<std::string, int> sizes;
-    for (const std::string& line : linesOf("readelf -SW '" LIBRARY "'"))
-        if (std::regex_match(line, match, section))
-            sizes[match[1]] = std::stoi(match[2], nullptr, 16);
-    EXPECT_LE(sizes[".init_array"], 8);
-    EXPECT_LE(sizes[".fini_array"], 8);
-    EXPECT_GT(sizes[".text"], 0);
-}
-
-// No memory is writable and executable, and once the file is loaded none is writable, but for a
-// handle and a flag of the toolchain's start-up code.
-TEST(Binary, TheFileIsReadOnlyOnceItIsLoaded)
-{
-    std::smatch match;
-    const std::regex segment(R"( +(\w+) +\w+ 0x(\w+) \w+ \w+ 0x(\w+) ([RWE ]{3}) .*)");
-    std::set<std::string> segments;
-    unsigned long readOnlyBegin = 0, readOnlyEnd = 0;
-    for (const std::string& line : linesOf("readelf -lW '" LIBRARY "'")) {
-        if (!std::regex_match(line, match, segment))
-            continue;
-        segments.insert(match[1]);
-        EXPECT_FALSE(match[4] == "RWE" || match[4] == " WE") << line;
-        if (match[1] == "GNU_RELRO") {
-            readOnlyBegin = std::stoul(match[2], nullptr, 16);
-            readOnlyEnd = readOnlyBegin + std::stoul(match[3], nullptr, 16);
-        }
-    }
-    EXPECT_TRUE(segments.contains("GNU_STACK"));
-    const auto dynamic = linesOf("readelf -dW '" LIBRARY "'");
-    EXPECT_TRUE(std::ranges::any_of(
-        dynamic, [](const std::string& line) { return line.find("BIND_NOW") != line.npos; }));
-
-    const std::regex section(R"(.*\] (\S+) +\w+ +(\w+) \w+ (\w+) \w+ +(\w+) .*)");
-    std::set<std::string> writable;
-    for (const std::string& line : linesOf("readelf -SW '" LIBRARY "'")) {
-        if (!std::regex_match(line, match, section) || match[4].str().find('W') == line.npos)
-            continue;
-        const auto begin = std::stoul(match[2], nullptr, 16);
-        const auto size = std::stoul(match[3], nullptr, 16);
-        if (begin < readOnlyBegin || readOnlyEnd < begin + size)
-            writable.insert(match[1]);
-    }
-    EXPECT_EQ(writable, (std::set<std::string>{".bss", ".data"}));
-
-    const std::regex variable(R"(.* \.(data|bss)\t.* (\S+))");
-    std::set<std::string> variables;
-    for (const std::string& line : linesOf("objdump -t '" LIBRARY "'"))
-        if (std::regex_match(line, match, variable))
-            variables.insert(match[2]);
-    EXPECT_EQ(variables, (std::set<std::string>{"completed.0", "__dso_handle", "__TMC_END__"}));
 }
 
 } // namespace

@@ -39,7 +39,7 @@ template <typename Real> std::vector<Call<Real>> everyCall()
                  return y;
              }});
     }
-    for (int size = 2; size <= 1 << 15; size *= 2) {
+    for (int size = 2; size <= 1 << 16; size *= 2) {
         const std::string name = "DCT-IV of " + std::to_string(size);
         calls.push_back({name, size, [size](const std::vector<Real>& x) {
                              typename Dct4<Real>::Spec* spec = nullptr;

@@ -1,9 +1,8 @@
 // A function of the C++ header with the length in its type is the jump to the kernel of that length
 // and nothing else. OBJECT_FILE is the path of the compiled cpp_face_code.cpp.
 
-#include <gtest/gtest.h>
+#include "command_output.h"
 
-#include <cstdio>
 #include <map>
 #include <regex>
 #include <string>
@@ -17,16 +16,14 @@ namespace
 // Each function's instructions, by its readable name, with the symbol that a jump leads to.
 std::map<std::string, std::string> codeByFunction()
 {
-    FILE* const pipe = popen("objdump -dr --demangle --no-show-raw-insn '" OBJECT_FILE "'", "r");
     std::map<std::string, std::string> functions;
-    const std::regex start(R"([0-9a-f]+ <rvng::Status rvng::(.*)>:\n)");
-    const std::regex instruction(R"( *[0-9a-f]+:\t(\w+)( +([^<]*[^< ]))?.*\n)");
-    const std::regex relocation(R"(\t+[0-9a-f]+: R_X86_64_PLT32\t(\w+)-0x4\n)");
+    const std::regex start(R"([0-9a-f]+ <rvng::Status rvng::(.*)>:)");
+    const std::regex instruction(R"( *[0-9a-f]+:\t(\w+)( +([^<]*[^< ]))?.*)");
+    const std::regex relocation(R"(\t+[0-9a-f]+: R_X86_64_PLT32\t(\w+)-0x4)");
     std::string* code = nullptr;
     std::smatch match;
-    char line[4096];
-    while (std::fgets(line, sizeof line, pipe) != nullptr) {
-        const std::string text = line;
+    for (const std::string& text :
+         linesOf("objdump -dr --demangle --no-show-raw-insn '" OBJECT_FILE "'")) {
         if (std::regex_match(text, match, start))
             code = &functions[match[1]];
         else if (std::regex_match(text, match, relocation))
@@ -35,7 +32,6 @@ std::map<std::string, std::string> codeByFunction()
             *code += (code->empty() ? "" : "; ") + match[1].str() +
                      (match[1] == "jmp" ? "" : " " + match[3].str());
     }
-    EXPECT_EQ(pclose(pipe), 0);
     return functions;
 }
 

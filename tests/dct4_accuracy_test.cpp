@@ -1,6 +1,6 @@
-// The DCT-IV of every power of two up to 2^17 is the defining sum, as accurately as log2 N stages
-// can be in the element type; it is its own inverse up to N/2; and where the arrays lie changes no
-// bit.
+// The DCT-IV of every power of two up to 2^17, and of 2^22 whose plan is a level deeper, is the
+// defining sum, as accurately as log2 N stages can be in the element type; it is its own inverse up
+// to N/2; and where the arrays lie changes no bit.
 
 #include "dct4_kernels.h"
 #include "dct4_reference.h"
@@ -52,6 +52,26 @@ TYPED_TEST(Dct4Accuracy, TwiceGivesHalfOfNTimesTheInput)
         const auto twice = plan.transformed(plan.transformed(x));
         EXPECT_LE(relativeError(scaled(twice, 1), scaled(x, N / 2)), tolerance) << N;
     }
+}
+
+TYPED_TEST(Dct4Accuracy, APlanOfOneLevelMoreFitsItsBlockAndIsTheSumToo)
+{
+    constexpr long N = 1 << 22;
+    constexpr double epsilon = std::numeric_limits<TypeParam>::epsilon();
+    Dct4Plan<TypeParam> plan(N);
+    EXPECT_LE(cursorOf(plan.block()), plan.block() + plan.bytes());
+
+    const auto x = randomParts<TypeParam>(N, 11);
+    const auto X = plan.transformed(x);
+    for (const long k : {0L, 1234567L, N - 1}) {
+        long double sum = 0;
+        for (long n = 0; n < N; ++n)
+            sum += x[n] * std::cos(std::numbers::pi_v<long double> / (4 * N) *
+                                   static_cast<long double>((2 * n + 1) * (2 * k + 1) % (8 * N)));
+        // The rms of the outputs is sqrt(N / 6).
+        EXPECT_NEAR(static_cast<double>(X[k] - sum), 0, 20 * epsilon * std::sqrt(N / 6.0)) << k;
+    }
+    EXPECT_LE(relativeError(scaled(plan.transformed(X), 1), scaled(x, N / 2)), 6 * epsilon);
 }
 
 TYPED_TEST(Dct4Accuracy, SrcAndDstMayOverlapInAnyWayAndHaveAnyAlignment)
