@@ -507,8 +507,8 @@ RVNG_API RvnStatus rvngDCT4GetSize_64f(int32_t size, int32_t* bytes);
 /** Builds a plan in `block`, of at least the bytes that the size query tells (this is not checked),
  * and writes its handle to *spec. Returns RvnStatusNullPointer for a null pointer, and
  * RvnStatusSizeError for a size that is not served, with *spec untouched. Ask the size query first:
- * a size is only found not to be served while the plan is built, and what was built until then, up
- * to as much as a plan of a size near by, has been written to the block. The block may be used for
+ * a size is only found not to be served while the plan is built, and what was built until then has
+ * been written to the block; 24 writes more than the plan of 32 takes. The block may be used for
  * another plan. */
 RVNG_API RvnStatus rvngDCT4Init_32f(RvnDCT4Spec_32f** spec, int32_t size, void* block);
 /** @copydoc rvngDCT4Init_32f */
