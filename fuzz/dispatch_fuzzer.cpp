@@ -3,6 +3,7 @@
 // that applies and touches nothing; else the result is the kernel's of that length.
 
 #include "arrays.h"
+#include "entry.h"
 
 #include <bit>
 #include <bitset>
@@ -122,13 +123,3 @@ template <typename Real> void fuzz(FuzzedDataProvider& input)
 } // namespace
 
 } // namespace rvn::fuzz
-
-extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
-{
-    FuzzedDataProvider input(data, size);
-    if (input.ConsumeBool())
-        rvn::fuzz::fuzz<float>(input);
-    else
-        rvn::fuzz::fuzz<double>(input);
-    return 0;
-}

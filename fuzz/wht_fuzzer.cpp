@@ -3,7 +3,9 @@
 // content, guarded or of the allocator. The reference is the plain loop, whose bits are promised.
 
 #include "arrays.h"
+#include "entry.h"
 #include "rvncore.h"
+#include "wht_reference.h"
 
 #include <cstdint>
 
@@ -28,21 +30,6 @@ template <typename Real> std::int32_t bytesOf(std::int32_t order)
         require(status == RvnStatusNoError && bytes >= 0 && (bytes > 0) == (order >= 8), "order ",
                 order, " has buffer size ", bytes);
     return bytes;
-}
-
-template <typename Real>
-std::vector<Real> byLoop(std::vector<Real> a, const Kernel<Real>& kernel, RvnScaleFlag flag)
-{
-    for (std::size_t h = 1; h < a.size(); h *= 2)
-        for (std::size_t i = 0; i < a.size(); ++i)
-            if ((i & h) == 0) {
-                const Real x = a[i], y = a[i + h];
-                a[i] = x + y;
-                a[i + h] = x - y;
-            }
-    for (Real& value : a)
-        value *= kernel.scale(flag);
-    return a;
 }
 
 template <typename Real>
@@ -102,7 +89,7 @@ template <typename Real> void transform(FuzzedDataProvider& input, const Kernel<
     const Arrays<Real> arrays(kernel.name, x, x.size());
     const auto X = arrays.result(
         input, [&](const Real* src, Real* dst) { return kernel.run(src, dst, flag, work); });
-    require(haveSameNumbers(X, byLoop(x, kernel, flag)), kernel.name,
+    require(haveSameNumbers(X, tests::byLoop(x, kernel.scale(flag))), kernel.name,
             " gives the bits of the plain loop");
     const auto dispatched = arrays.result(input, [&](const Real* src, Real* dst) {
         return kernel.dispatcher(src, dst, kernel.size, flag, workOrNone);
@@ -129,13 +116,3 @@ template <typename Real> void fuzz(FuzzedDataProvider& input)
 } // namespace
 
 } // namespace rvn::fuzz
-
-extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
-{
-    FuzzedDataProvider input(data, size);
-    if (input.ConsumeBool())
-        rvn::fuzz::fuzz<float>(input);
-    else
-        rvn::fuzz::fuzz<double>(input);
-    return 0;
-}

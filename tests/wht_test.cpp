@@ -3,6 +3,7 @@
 
 #include "guarded_memory.h"
 #include "kernels.h"
+#include "wht_reference.h"
 
 #include <algorithm>
 #include <cfenv>
@@ -13,23 +14,6 @@ namespace rvn::tests
 
 namespace
 {
-
-// One ascending loop of butterflies, then one multiplication.
-template <typename Real> std::vector<Real> byLoop(std::vector<Real> a, Real S)
-{
-    const int N = static_cast<int>(a.size());
-    for (int h = 1; h < N; h *= 2)
-        for (int i = 0; i < N; ++i)
-            if ((i & h) == 0) {
-                const Real lower = a[i];
-                const Real upper = a[i + h];
-                a[i] = lower + upper;
-                a[i + h] = lower - upper;
-            }
-    for (Real& value : a)
-        value = value * S;
-    return a;
-}
 
 template <typename Real> class Wht : public ::testing::Test
 {
