@@ -11,7 +11,7 @@
 #include "dft_real/kernels.h"
 #include "hartley/kernels.h"
 #include "wht/kernels.h"
-#include "wht/plans.h"
+#include "wht/passes.h"
 
 #include <exception>
 #include <iostream>

@@ -3,7 +3,7 @@
 #include "kernelgen/counts.h"
 #include "kernelgen/emit.h"
 #include "wht/builder.h"
-#include "wht/plans.h"
+#include "wht/passes.h"
 
 #include <iomanip>
 #include <sstream>

@@ -1,7 +1,7 @@
 // The work memory that an order needs: a constant of the plan table.
 
 #include "rvngenmx.h"
-#include "wht/plans.h"
+#include "wht/passes.h"
 
 namespace
 {
