@@ -6,7 +6,6 @@
 #include "arrays.h"
 #include "dct4_kernels.h"
 #include "dct4_reference.h"
-#include "entry.h"
 #include "rvncore.h"
 
 #include <bit>
@@ -237,11 +236,17 @@ private:
     std::string who_;
 };
 
-template <typename Real> void fuzz(FuzzedDataProvider& input)
-{
-    Plans<Real>(input).fuzz();
-}
-
 } // namespace
 
 } // namespace rvn::fuzz
+
+// The input chooses the precision first.
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
+{
+    FuzzedDataProvider input(data, size);
+    if (input.ConsumeBool())
+        rvn::fuzz::Plans<float>(input).fuzz();
+    else
+        rvn::fuzz::Plans<double>(input).fuzz();
+    return 0;
+}

@@ -62,7 +62,7 @@ TYPED_TEST(Accuracy, RandomDataHasItsSumUnderEveryFlag)
                 EXPECT_LE(relativeError(scaled(transformed(kernel, x, flag), 1),
                                         scaled(expected, kernel.scale(flag))),
                           this->randomBound(kernel))
-                    << kernel.name << ", flag " << flag;
+                    << kernel.name << ", " << inWords(flag);
         }
     }
 }
@@ -84,7 +84,7 @@ TYPED_TEST(Accuracy, ThereAndBackReturnsTheInput)
                 const long double factor = static_cast<long double>(forward.length()) *
                                            forward.scale(flag) * inverse.scale(flag);
                 EXPECT_LE(relativeError(scaled(y, 1), scaled(x, factor)), this->twiceBound)
-                    << forward.name << ", flag " << flag;
+                    << forward.name << ", " << inWords(flag);
             }
 }
 

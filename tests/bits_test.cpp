@@ -76,6 +76,13 @@ enum class Kind { Ordinary, Sparse, Zeros, PlusZeros, Subnormal, Tiny, Huge };
 constexpr Kind everyKind[] = {Kind::Ordinary,  Kind::Sparse, Kind::Zeros, Kind::PlusZeros,
                               Kind::Subnormal, Kind::Tiny,   Kind::Huge};
 
+std::string inWords(Kind kind)
+{
+    static const char* const words[] = {"ordinary",  "sparse", "zero", "positive zero",
+                                        "subnormal", "tiny",   "huge"};
+    return words[static_cast<int>(kind)] + std::string(" numbers");
+}
+
 template <typename Real>
 using Pattern = std::conditional_t<sizeof(Real) == 4, std::uint32_t, std::uint64_t>;
 
@@ -126,12 +133,13 @@ template <typename Real> std::vector<Real> input(Kind kind, int count, int seed 
 class Hashes
 {
 public:
-    template <typename Real> void add(const std::string& name, const std::vector<Real>& result)
+    template <typename Real>
+    void add(const std::string& name, const std::string& call, const std::vector<Real>& result)
     {
         std::uint64_t& hash = hashes.try_emplace(name, 0xcbf29ce484222325).first->second;
         for (const Real value : result) {
             if (!std::isfinite(value))
-                throw std::runtime_error(name + " gives what is no finite number");
+                throw std::runtime_error(name + " of " + call + " gives what is not finite");
             const auto pattern = std::bit_cast<Pattern<Real>>(value);
             for (std::size_t bit = 0; bit < 8 * sizeof(Real); bit += 8)
                 hash = (hash ^ (pattern >> bit & 0xff)) * 0x100000001b3;
@@ -158,7 +166,8 @@ template <typename Real> void addKernels(Hashes& hashes)
     for (const auto& kernel : everyKernel<Real>()) {
         const auto add = [&](Kind kind, int seed, RvnScaleFlag flag) {
             const auto x = arranged(input<Real>(kind, kernel.parts(), seed), kernel.source());
-            hashes.add(kernel.name, resultOf(kernel, x.data(), flag));
+            hashes.add(kernel.name, inWords(kind) + " under " + tests::inWords(flag),
+                       resultOf(kernel, x.data(), flag));
         };
         for (const Kind kind : everyKind)
             for (const RvnScaleFlag flag : everyFlag)
@@ -187,7 +196,7 @@ void addDct4(Hashes& hashes, const std::string& name, RvnStatus (*query)(int32_t
                 const auto x = input<Real>(kind, size == power ? size : size + 1, seed);
                 std::vector<Real> y(x.size());
                 run(x.data(), y.data(), spec);
-                hashes.add(name + "/" + std::to_string(size), y);
+                hashes.add(name + "/" + std::to_string(size), inWords(kind), y);
             };
             for (const Kind kind : everyKind)
                 add(kind, 0);
@@ -227,8 +236,10 @@ TEST(Bits, OfEveryTransformAreThoseOfTheFile)
     std::string first;
     for (auto name = names.begin(); name != names.end() && first.size() < 200; ++name)
         first += *name + " ";
-    EXPECT_TRUE(names.empty()) << first << "...\n"
-                               << names.size() << " of " << expected.size() << " differ";
+    EXPECT_TRUE(names.empty()) << names.size() << " of " << expected.size()
+                               << " functions give other bits: " << first
+                               << "...\nIf that is meant: tools/bits --write, and say so in "
+                                  "CHANGELOG.md.";
 }
 
 } // namespace

@@ -53,6 +53,9 @@ public:
 
     std::byte* block() { return block_.data(); }
     std::size_t bytes() const { return block_.size(); }
+    auto* spec() const { return spec_; }
+    // All of the plan, as bytes.
+    const std::vector<std::byte>& content() const { return block_; }
     const auto& env1() const { return *reinterpret_cast<dct4::record::Env1<Real>*>(spec_); }
 
     void run(const Real* src, Real* dst) const

@@ -5,8 +5,10 @@
 #include "guarded_memory.h"
 
 #include <algorithm>
+#include <array>
 #include <bit>
 #include <climits>
+#include <map>
 
 namespace rvn::tests
 {
@@ -80,14 +82,17 @@ bool isServed(int size)
     return isPower(size) || (size > 8 && isPower(size - 1));
 }
 
-// The query and the initialiser agree; one block serves plan after plan, and after a refusal.
+// The query and the initialiser agree. A refusal may have written to the block, but no more than
+// the plan of a larger size takes.
 TYPED_TEST(Dct4Blocks, PowersOfTwoAreServedAndFrom9OnTheirUpperNeighbours)
 {
-    std::vector<std::byte> block(1 << 15);
-    auto* const before = reinterpret_cast<typename Dct4<TypeParam>::Spec*>(&block);
+    const GuardedMemory memory(1 << 18);
     for (int size = -8; size <= 1026; ++size) {
+        const auto larger = 4 * std::bit_ceil(static_cast<unsigned>(std::max(8, size)));
+        std::byte* const block = memory.place(this->bytesOf(static_cast<int>(larger)), true);
+        auto* const before = reinterpret_cast<typename Dct4<TypeParam>::Spec*>(block);
         auto* spec = before;
-        const RvnStatus status = Dct4<TypeParam>::init(&spec, size, block.data());
+        const RvnStatus status = Dct4<TypeParam>::init(&spec, size, block);
         EXPECT_EQ(status, isServed(size) ? RvnStatusNoError : RvnStatusSizeError) << size;
         EXPECT_EQ(spec != before, isServed(size)) << size;
         EXPECT_EQ(this->bytesOf(size) != this->untouched, isServed(size)) << size;
@@ -96,18 +101,21 @@ TYPED_TEST(Dct4Blocks, PowersOfTwoAreServedAndFrom9OnTheirUpperNeighbours)
         EXPECT_EQ(this->bytesOf(size), this->untouched) << size;
 }
 
-// Byte counts are formed modulo 2^32: a negative one is a refusal, and a positive one is believed.
+// Byte counts are formed modulo 2^32: a negative one is a refusal, and a positive one is believed,
+// from 2^30 in 32f and from 2^29 in 64f on, though it is too small. So it is with the upper
+// neighbours.
 TYPED_TEST(Dct4Blocks, SizesWhoseBytesLeave32BitsAreNotGuarded)
 {
-    const int largest = this->isDouble ? 1 << 26 : 1 << 27;
-    const int doubled = 2 * static_cast<int>(sizeof(TypeParam));
-    EXPECT_GT(this->bytesOf(largest), largest * doubled);
-    EXPECT_EQ(this->bytesOf(2 * largest), this->untouched);
-    EXPECT_EQ(this->bytesOf(4 * largest), this->untouched);
-    for (long size = 8L * largest; size <= 1 << 30; size *= 2) {
-        const int bytes = this->bytesOf(static_cast<int>(size));
-        EXPECT_NE(bytes, this->untouched) << size;
-        EXPECT_LT(bytes, size * doubled) << size;
+    const std::map<int, std::array<std::int32_t, 2>> bytes = {
+        {1 << 26, {553921280, 1107839488}},
+        {1 << 27, {1107841216, this->untouched}},
+        {1 << 28, {this->untouched, this->untouched}},
+        {1 << 29, {this->untouched, 272768512}},
+        {1 << 30, {272768640, 545533440}}};
+    for (const auto& [size, expected] : bytes) {
+        const std::int32_t told = expected[this->isDouble];
+        EXPECT_EQ(this->bytesOf(size), told) << size;
+        EXPECT_EQ(this->bytesOf(size + 1), told == this->untouched ? told : told + 32) << size;
     }
 }
 

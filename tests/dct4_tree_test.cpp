@@ -5,6 +5,7 @@
 #include "dct4_reference.h"
 
 #include <algorithm>
+#include <array>
 #include <bit>
 #include <functional>
 
@@ -27,6 +28,26 @@ template <typename Object> const Object& onlyItem(const EnvList* list)
     EXPECT_EQ(list->next, nullptr);
     EXPECT_EQ(list->item->objectSize, static_cast<int>(sizeof(Object)));
     return *reinterpret_cast<const Object*>(list->item);
+}
+
+// Whatever the plans ask of it: more items, and an index beyond them.
+TEST(Dct4Lists, ItemsStandInTheirOrderAndBeyondThemIsNone)
+{
+    alignas(32) std::byte memory[1024];
+    Arena arena{reinterpret_cast<std::uintptr_t>(memory)};
+    EnvList head;
+    EnvList* const list = EnvList___init__(&head, &arena);
+    std::array<EnvObject, 5> items;
+    for (EnvObject& item : items)
+        EXPECT_EQ(EnvList_add(list, &item), &item);
+    for (int index = 0; index < 5; ++index)
+        EXPECT_EQ(EnvList_get(list, index), &items[index]) << index;
+    EXPECT_EQ(EnvList_get(list, -1), nullptr);
+    EXPECT_EQ(EnvList_get(list, 9), nullptr);
+    const auto taken = [&] { return arena.cursor - reinterpret_cast<std::uintptr_t>(memory); };
+    EXPECT_EQ(taken(), EnvList_add_mem(4)) << "the first item stands in the head";
+    EnvList___del__(list);
+    EXPECT_EQ(taken(), 0u);
 }
 
 // A split, the mode of its rows and that of what lies below it.

@@ -30,7 +30,7 @@ TYPED_TEST(Dispatch, EverySizeReachesItsKernel)
             std::vector<TypeParam> dst(expected.size(), -1);
             ASSERT_EQ(kernel.dispatcher(src.data(), dst.data(), kernel.size, flag, nullptr),
                       RvnStatusNoError);
-            EXPECT_TRUE(haveSameBits(dst, expected)) << kernel.name << flag;
+            EXPECT_TRUE(haveSameBits(dst, expected)) << kernel.name << ", " << inWords(flag);
         }
         EXPECT_EQ(kernel.dispatcher(some, some, kernel.size, 3, nullptr), RvnStatusFlagError);
         EXPECT_EQ(kernel.dispatcher(none, some, kernel.size, 3, nullptr), RvnStatusNullPointer);

@@ -107,6 +107,15 @@ template <typename Real> const Kernel<Real>& kernelOf(Transform transform, int s
 inline constexpr RvnScaleFlag everyFlag[] = {RvnScaleFwdByN, RvnScaleInvByN, RvnScaleBySqrtN,
                                              RvnScaleNone};
 
+inline std::string inWords(RvnScaleFlag flag)
+{
+    return flag == RvnScaleFwdByN    ? "RvnScaleFwdByN"
+           : flag == RvnScaleInvByN  ? "RvnScaleInvByN"
+           : flag == RvnScaleBySqrtN ? "RvnScaleBySqrtN"
+           : flag == RvnScaleNone    ? "RvnScaleNone"
+                                     : "no flag, but " + std::to_string(flag);
+}
+
 template <typename Real> constexpr Real nan = std::numeric_limits<Real>::quiet_NaN();
 
 // Uniform in (-1, 1) times a power of two up to 2^spread in either direction.

@@ -98,15 +98,19 @@ TEST_P(LibraryFile, IsReadOnlyOnceItIsLoaded)
 
     const std::regex section(R"(.*\] (\S+) +\w+ +(\w+) \w+ (\w+) \w+ +(\w+) .*)");
     Names writable;
+    unsigned long bytes = 0;
     for (const std::string& line : linesOf(with("readelf -SW"))) {
         if (!std::regex_match(line, match, section) || match[4].str().find('W') == line.npos)
             continue;
         const auto begin = std::stoul(match[2], nullptr, 16);
         const auto size = std::stoul(match[3], nullptr, 16);
-        if (begin < readOnlyBegin || readOnlyEnd < begin + size)
-            writable.insert(match[1]);
+        if (readOnlyBegin <= begin && begin + size <= readOnlyEnd)
+            continue;
+        writable.insert(match[1]);
+        bytes += size;
     }
     EXPECT_EQ(writable, (Names{".bss", ".data"}));
+    EXPECT_EQ(bytes, 16u);
     EXPECT_EQ(matches(with("objdump -t"), R"(.* \.(?:data|bss)\t.* (\S+))"),
               (Names{"completed.0", "__dso_handle", "__TMC_END__"}));
 }

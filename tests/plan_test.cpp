@@ -1,23 +1,22 @@
-// The generator keeps its plans: every complex graph has its row's operation counts and computes
-// its transform, constants merge where they should, and for all families precisions and schedules
-// keep their rules.
+// The generator keeps its plans: every graph computes its transform from constants that are exact
+// to the last place, a row that it misses stops the build, precisions and schedules keep their
+// rules, and files are written when their bytes change.
 //
 // Graphs are interpreted at 128 bits, so what remains against the defining sum is the rounding of
-// their constants. The decimal constants below were worked out apart from the generator.
+// their constants.
 
+#include "planned_graphs.h"
 #include "reference.h"
 
-#include "dft_complex/kernels.h"
-#include "dft_real/kernels.h"
-#include "hartley/kernels.h"
-#include "kernelgen/choice.h"
+#include "dct4/builder.h"
 #include "kernelgen/cost.h"
-#include "kernelgen/counts.h"
 #include "kernelgen/evaluate.h"
-#include "kernelgen/merge.h"
+#include "kernelgen/files.h"
 #include "kernelgen/roots.h"
 
 #include <algorithm>
+#include <fstream>
+#include <set>
 #include <stdexcept>
 
 namespace rvn::tests
@@ -28,56 +27,128 @@ namespace
 
 using namespace kernelgen;
 
-constexpr double constantsError = 5e-16;
-
-Graph complexGraphOf(int length)
+std::string nameOf(const dct4::BodyPlan& plan)
 {
-    return dft_complex::complexGraph(dft_complex::complexPlan(length));
+    return "DCT-IV, " + dct4::nameOf(plan.kind) + " " + std::to_string(plan.size);
 }
 
-struct NamedGraph {
-    std::string name;
-    Graph graph;
+TEST(Plan, EveryGraphIsItsTransform)
+{
+    for (const auto& planned : everyGraph()) {
+        const auto& kernel = planned.kernel;
+        const auto x = randomParts<double>(kernel.parts(), 1);
+        const std::vector<Quad> inputs(x.begin(), x.end());
+        std::vector<Wide> X;
+        for (const Quad part : evaluate<Quad>(planned.graph, inputs))
+            X.emplace_back(static_cast<long double>(part));
+        EXPECT_LE(relativeError(X, product(matrixOf(kernel), x)), 2e-16) << kernel.name;
+    }
+}
+
+// What constants are made of, each rounded once, as significands: the powers of two among a
+// constant's factors are exact.
+class Definitions
+{
+public:
+    Definitions()
+    {
+        for (int n = 3; n <= 256; n += n < 64 ? 1 : n) {
+            roots_.insert(significand(1.0 / n));
+            for (int turns = 1; turns < n; ++turns)
+                add(roots_, root(turns, n));
+        }
+        all_ = roots_;
+        for (int turns = 1; turns < 16; ++turns) // tangents of lifting steps
+            add(all_, root(turns, 64).imag() / root(turns, 64).real());
+        for (int p = 11; p < 64; ++p)
+            if (std::ranges::none_of(std::array{2, 3, 5, 7}, [p](int q) { return p % q == 0; }))
+                addDiagonals(p);
+    }
+
+    // One of them, or the rounded product of a root and one of them.
+    bool hold(double constant) const
+    {
+        return all_.contains(significand(constant)) ||
+               std::ranges::any_of(roots_, [&](double factor) {
+                   const double other = constant / factor;
+                   return std::ranges::any_of(
+                       std::array{std::nextafter(other, 0), other, std::nextafter(other, 2)},
+                       [&](double candidate) {
+                           return factor * candidate == constant &&
+                                  all_.contains(significand(candidate));
+                       });
+               });
+    }
+
+private:
+    using Root = std::complex<Quad>;
+
+    static double significand(double value)
+    {
+        int exponent;
+        return std::frexp(std::fabs(value), &exponent);
+    }
+
+    static void add(std::set<double>& set, Root value)
+    {
+        for (const Quad part : {value.real(), value.imag()})
+            set.insert(significand(static_cast<double>(part)));
+    }
+
+    // e^(2 pi i turns / n): from long double, one step of Newton's method on z^n = 1.
+    static Root root(int turns, int n)
+    {
+        const Wide near = unitRoot(turns, n);
+        const Root z(near.real(), near.imag());
+        Root power(1);
+        for (int i = 0; i < n; ++i)
+            power *= z;
+        return z - z * (power - Root(1)) / Root(n);
+    }
+
+    // Rader 1968: of a prime p, sum over m of W_p^(t g^m) W_L^(k m), over L = p - 1, for any
+    // generator g, all k and all t.
+    void addDiagonals(int p)
+    {
+        const int L = p - 1;
+        std::vector<int> power;
+        for (int g = 2; static_cast<int>(std::set(power.begin(), power.end()).size()) < L; ++g) {
+            power = {1};
+            while (static_cast<int>(power.size()) < L)
+                power.push_back(power.back() * g % p);
+        }
+        std::vector<Root> ofPrime, ofLength;
+        for (int turns = 0; turns < p; ++turns) {
+            ofPrime.push_back(root(turns, p));
+            ofLength.push_back(root(turns, L));
+        }
+        for (int t = 1; t < p; ++t)
+            for (int k = 0; k < L; ++k) {
+                Root sum = 0;
+                for (int m = 0; m < L; ++m)
+                    sum += ofPrime[t * power[m] % p] * ofLength[k * m % L];
+                add(all_, sum / Root(L));
+            }
+    }
+
+    std::set<double> roots_, all_;
 };
 
-// Those of all straight-line kernels but the Walsh-Hadamard ones.
-std::vector<NamedGraph> everyGraph()
+TEST(Plan, EveryConstantIsExactToTheLastPlace)
 {
-    std::vector<NamedGraph> graphs;
-    for (int N = 2; N <= 64; ++N) {
-        const std::string length = " " + std::to_string(N);
-        const int row = N - 2;
-        graphs.push_back({"complex" + length, complexGraphOf(N)});
-        graphs.push_back(
-            {"forward" + length, dft_real::forwardGraph(dft_real::forwardPlans()[row])});
-        graphs.push_back(
-            {"inverse" + length, dft_real::inverseGraph(dft_real::inversePlans()[row])});
-        graphs.push_back({"Hartley" + length, hartley::hartleyGraph(hartley::hartleyPlans()[row])});
-    }
-    return graphs;
-}
-
-bool hasConstant(const Graph& graph, double constant, double tolerance = 2.3e-16)
-{
-    return std::ranges::any_of(graph.nodes, [&](const Node& node) {
-        return node.op == Op::Multiply && std::fabs(node.constant / constant - 1) <= tolerance;
-    });
-}
-
-TEST(Plan, EveryLengthsGraphIsTheDefiningSum)
-{
-    for (const dft_complex::ComplexPlan& plan : dft_complex::complexPlans()) {
-        const Signal<Rvn64fc> x = randomSignal<Rvn64fc>(plan.length, 1);
-        std::vector<Quad> inputs;
-        for (const Rvn64fc& value : x)
-            inputs.insert(inputs.end(), {value.re, value.im});
-        const std::vector<Quad> parts = evaluate<Quad>(dft_complex::complexGraph(plan), inputs);
-        std::vector<Wide> X;
-        for (std::size_t i = 0; i < parts.size(); i += 2)
-            X.emplace_back(static_cast<long double>(parts[i]),
-                           static_cast<long double>(parts[i + 1]));
-        EXPECT_LE(relativeError(X, directSum(widened(x), false)), constantsError) << plan.length;
-    }
+    const Definitions definitions;
+    std::set<double> held;
+    const auto expectExact = [&](const std::string& name, const Graph& graph) {
+        for (const Node& node : graph.nodes) {
+            const bool isNew = node.op == Op::Multiply && held.insert(node.constant).second;
+            EXPECT_TRUE(!isNew || definitions.hold(node.constant))
+                << name << ": " << std::hexfloat << node.constant;
+        }
+    };
+    for (const auto& planned : everyGraph())
+        expectExact(planned.kernel.name, planned.graph);
+    for (const dct4::BodyPlan& plan : dct4::bodyPlans)
+        expectExact(nameOf(plan), dct4::bodyGraph(plan));
 }
 
 TEST(Plan, AGraphThatMissesItsRowIsRefusedWithBothCounts)
@@ -101,71 +172,24 @@ TEST(Plan, AGraphThatMissesItsRowIsRefusedWithBothCounts)
     }
 }
 
-TEST(Plan, MergedConstantsStandWhereTheyBelong)
+TEST(Plan, InABinary32KernelNoBinary64ValueIsUsedTwiceAndNoDoublingIsOne)
 {
-    const struct {
-        int length;
-        std::vector<double> constants;
-    } table[] = {
-        {13, {0.4473201176025111, 0.26596624921483725, 0.5035370328637666, 0.13146782826261083}},
-        {19, {0.1503837331804353, 0.2961981327260238, 0.8528685319524432, 0.8137976813493737}},
-        {37, {0.1503837331804353, 0.2961981327260238, 0.8528685319524432, 0.8137976813493737}},
-        {53, {0.4330127018922193, 0.7499999999999999}}};
-    for (const auto& [length, constants] : table)
-        for (const double constant : constants)
-            EXPECT_TRUE(hasConstant(complexGraphOf(length), constant))
-                << length << ": " << constant;
-}
-
-TEST(Plan, TheDiagonalOfLength11ChangesWithTheRootOfItsStage)
-{
-    const std::vector<double> diagonal = {0.1,
-                                          0.33166247903554,
-                                          0.19106037559687397,
-                                          0.635213297150478,
-                                          0.527221112864967,
-                                          0.4025393125514894,
-                                          0.5082556049431003,
-                                          0.4262349587304204,
-                                          0.4140324199662142,
-                                          0.5182443007085755};
-    const auto occurring = [&](int length) {
-        return std::ranges::count_if(diagonal, [graph = complexGraphOf(length)](double constant) {
-            return hasConstant(graph, constant, 1e-14);
-        });
-    };
-    EXPECT_EQ(occurring(11), 10);
-    EXPECT_LT(occurring(22), 10);
-}
-
-TEST(Plan, InABinary32KernelNoBinary64ValueIsUsedTwice)
-{
-    for (const auto& [name, graph] : everyGraph()) {
+    for (const auto& planned : everyGraph()) {
+        const Graph& graph = planned.graph;
         const std::vector<NodeFormat> formats = assignFormats(graph, Format::Binary32);
-        std::vector<int> uses(graph.nodes.size());
-        for (const Node& node : graph.nodes)
-            for (const int operand : operands(node))
-                ++uses[operand];
-        for (const Output& output : graph.outputs)
-            ++uses[output.node];
-        for (std::size_t i = 0; i < uses.size(); ++i)
-            EXPECT_TRUE(uses[i] == 1 || formats[i].held == Format::Binary32)
-                << name << ", node " << i;
+        const std::vector<int> uses = useCounts(graph);
+        for (std::size_t i = 0; i < uses.size(); ++i) {
+            EXPECT_TRUE(uses[i] <= 1 || formats[i].held == Format::Binary32)
+                << planned.kernel.name << ", node " << i;
+            EXPECT_TRUE(graph.nodes[i].op != Op::Multiply || graph.nodes[i].constant != 2 ||
+                        formats[i].computed == Format::Binary32)
+                << planned.kernel.name << ", doubling " << i;
+        }
     }
 }
 
-// Whatever the order: each candidate, and the one that is taken.
-std::vector<Schedule> everySchedule(const Graph& graph)
-{
-    std::vector<Schedule> schedules{chooseSchedule(graph, OrderRule::FewestAccesses).schedule};
-    for (const Order& order :
-         {constructionOrder(graph), pressureOrder(graph, 4), pressureOrder(graph, 40),
-          bisectionOrder(graph, Side::Inputs), bisectionOrder(graph, Side::Outputs)})
-        schedules.push_back(scheduleInOrder(graph, order, Stores::AfterLoads));
-    return schedules;
-}
-
-void expectOrderly(const std::string& name, const Graph& graph, const Schedule& schedule)
+void expectOrderly(const std::string& name, const Graph& graph, const Schedule& schedule,
+                   Stores stores)
 {
     std::vector<int> ready(graph.nodes.size());
     std::vector<int> stored(graph.outputs.size());
@@ -174,7 +198,7 @@ void expectOrderly(const std::string& name, const Graph& graph, const Schedule& 
         if (kind == Step::Kind::Store) {
             EXPECT_EQ(ready[graph.outputs[index].node], 1) << name;
             ++stored[index];
-            hasStored = true;
+            hasStored = stores == Stores::AfterLoads;
             continue;
         }
         EXPECT_EQ(kind == Step::Kind::Load, graph.nodes[index].op == Op::Load) << name;
@@ -187,45 +211,45 @@ void expectOrderly(const std::string& name, const Graph& graph, const Schedule& 
     EXPECT_EQ(std::ranges::count(stored, 1), std::ssize(stored)) << name;
 }
 
-TEST(Plan, AScheduleLoadsBeforeItStoresAndDoesEverythingOnce)
+// Each candidate, and the one that is taken, which has the fewest accesses of memory.
+void expectOrders(const std::string& name, const Graph& graph, Stores stores)
 {
-    for (const auto& [name, graph] : everyGraph())
-        for (const Schedule& schedule : everySchedule(graph))
-            expectOrderly(name, graph, schedule);
-}
-
-// Of a chain of products and a sum that needs them all in reverse, with more values than registers,
-// only what does not fit is written and read again.
-TEST(Plan, TheCostOfAScheduleIsWhatDoesNotFitTheRegisters)
-{
-    for (const auto& [values, spilled] : {std::pair{16, 0}, {17, 1}, {20, 4}}) {
-        GraphBuilder builder;
-        Values squares;
-        for (int i = 0; i < values; ++i)
-            squares.push_back(builder.load(i) * builder.load(i));
-        Value sum = squares.back();
-        for (int i = values - 2; i >= 0; --i)
-            sum = sum + squares[i];
-        const Graph graph = builder.finish(Values{sum});
-        const Schedule schedule =
-            scheduleInOrder(graph, constructionOrder(graph), Stores::AfterLoads);
-        EXPECT_EQ(memoryAccesses(graph, schedule), values + 2 * spilled + 1) << values;
+    const ChosenSchedule chosen = chooseSchedule(graph, OrderRule::FewestAccesses, stores);
+    expectOrderly(name, graph, chosen.schedule, stores);
+    for (const Order& order :
+         {constructionOrder(graph), pressureOrder(graph, 4), pressureOrder(graph, 40),
+          bisectionOrder(graph, Side::Inputs), bisectionOrder(graph, Side::Outputs)}) {
+        const Schedule schedule = scheduleInOrder(graph, order, stores);
+        expectOrderly(name, graph, schedule, stores);
+        EXPECT_LE(memoryAccesses(graph, chosen.schedule), memoryAccesses(graph, schedule)) << name;
     }
 }
 
-TEST(Plan, TheGeneratorGivesTheSameBytesAgain)
+TEST(Plan, AScheduleLoadsBeforeItStoresAndDoesEverythingOnce)
 {
-    const auto expectSame = [](const auto& plans, const auto& makeFile) {
-        for (const auto& plan : plans)
-            for (const Format format : {Format::Binary32, Format::Binary64}) {
-                const GeneratedFile file = makeFile(plan, format, Tuning());
-                EXPECT_EQ(file.text, makeFile(plan, format, Tuning()).text) << file.name;
-            }
-    };
-    expectSame(dft_complex::complexPlans(), dft_complex::kernelFile);
-    expectSame(dft_real::forwardPlans(), dft_real::forwardFile);
-    expectSame(dft_real::inversePlans(), dft_real::inverseFile);
-    expectSame(hartley::hartleyPlans(), hartley::kernelFile);
+    for (const auto& planned : everyGraph())
+        expectOrders(planned.kernel.name, planned.graph, Stores::AfterLoads);
+    for (const dct4::BodyPlan& plan : dct4::bodyPlans)
+        for (const Stores stores : {Stores::AfterLoads, Stores::AsReady})
+            expectOrders(nameOf(plan), dct4::bodyGraph(plan), stores);
+}
+
+TEST(Plan, AFileIsWrittenWhenItsBytesChangeAndLeftAloneWhenTheyDoNot)
+{
+    namespace fs = std::filesystem;
+    const fs::path folder = fs::path(::testing::TempDir()) / "rvnkernelgen";
+    const fs::path path = folder / "kernel.cpp";
+    fs::remove_all(folder);
+    for (const char* const text : {"one", "two", "twenty", "two"}) {
+        writeFile(folder, {"kernel.cpp", text});
+        std::ifstream file(path);
+        EXPECT_EQ(std::string(std::istreambuf_iterator<char>(file), {}), text);
+        const fs::file_time_type old{};
+        fs::last_write_time(path, old);
+        writeFile(folder, {"kernel.cpp", text});
+        EXPECT_EQ(fs::last_write_time(path), old) << text;
+    }
+    fs::remove_all(folder);
 }
 
 } // namespace

@@ -59,7 +59,7 @@ TYPED_TEST(RealContract, TheLayoutsHoldTheSameBits)
                 for (const Transform form : {forms[0], forms[2]}) {
                     const auto& kernel = kernelOf<TypeParam>(form, N);
                     EXPECT_TRUE(haveSameBits(transformed(kernel, x, flag), pack))
-                        << kernel.name << ", flag " << flag;
+                        << kernel.name << ", " << inWords(flag);
                 }
             }
         }
@@ -109,17 +109,56 @@ TYPED_TEST(RealContract, ZerosGiveZerosAndNegatedPartsPositiveOnes)
     }
 }
 
-TYPED_TEST(RealContract, TheInverseDoublesRealPartsFirstWhateverTheFlag)
+// But for some imaginary parts of these lengths, whose doubling stands in a constant.
+TYPED_TEST(RealContract, TheInverseDoublesBothPartsOfABinFirstWhateverTheFlag)
 {
+    const std::vector<int> merged = {3, 9, 12, 15, 17, 21, 27, 30, 33, 34, 51, 54, 57, 63};
     constexpr TypeParam most = std::numeric_limits<TypeParam>::max();
     for (int N = 3; N <= 64; ++N)
         for (const Transform form : inverseForms)
-            for (const RvnScaleFlag flag : everyFlag) {
-                const auto& kernel = kernelOf<TypeParam>(form, N);
-                std::vector<TypeParam> x(N);
-                x[1] = most * TypeParam{0.51f};
-                EXPECT_FALSE(std::isfinite(transformed(kernel, x, flag)[0])) << kernel.name << flag;
-            }
+            for (const RvnScaleFlag flag : everyFlag)
+                for (int part = 1; part + 1 < N + N % 2; ++part) {
+                    if (part % 2 == 0 && std::ranges::count(merged, N) > 0)
+                        continue;
+                    const auto& kernel = kernelOf<TypeParam>(form, N);
+                    auto X = unitPart<TypeParam>(N, part);
+                    X[part] = most * TypeParam{0.51f};
+                    const auto x = transformed(kernel, X, flag);
+                    for (int n = 0; n < N; ++n)
+                        ASSERT_FALSE(std::isfinite(x[n]) &&
+                                     std::fabs(entry(kernel, n, part)) > 1e-9)
+                            << kernel.name << ", " << inWords(flag) << ", part " << part;
+                }
+}
+
+// H[k] = R(k) - I(k) and H[N-k] = R(k) + I(k); or the inverse real DFT of the half spectrum with
+// r(k) = x[k] + x[N-k], s(k) = x[N-k] - x[k]. The route of a length is settled.
+TEST(HartleyContract, ALengthTakesItsRouteThroughTheRealTransforms)
+{
+    const std::vector<int> byOutputs = {2,  3,  4,  5,  6,  8,  9,  11, 16, 17, 19, 21, 22, 24,
+                                        26, 29, 38, 39, 41, 47, 49, 50, 52, 57, 58, 59, 61, 63};
+    for (int N = 2; N <= 64; ++N) {
+        const bool isByOutputs = std::ranges::count(byOutputs, N) > 0;
+        const auto x = randomParts<double>(N, 43);
+        auto halves = x;
+        for (int k = 1; 2 * k < N; ++k) {
+            halves[2 * k - 1] = (x[k] + x[N - k]) / 2;
+            halves[2 * k] = (x[N - k] - x[k]) / 2;
+        }
+        if (N % 2 == 0)
+            halves[N - 1] = x[N / 2];
+        const auto X = isByOutputs
+                           ? transformed(kernelOf<double>(ToPack, N), x, RvnScaleNone)
+                           : transformed(kernelOf<double>(FromPack, N), halves, RvnScaleNone);
+        auto expected = X;
+        for (int k = 1; isByOutputs && 2 * k < N; ++k) {
+            expected[k] = X[2 * k - 1] - X[2 * k];
+            expected[N - k] = X[2 * k - 1] + X[2 * k];
+        }
+        if (isByOutputs && N % 2 == 0)
+            expected[N / 2] = X[N - 1];
+        EXPECT_EQ(transformed(kernelOf<double>(Hartley, N), x, RvnScaleNone), expected) << N;
+    }
 }
 
 } // namespace

@@ -6,11 +6,9 @@
 // lengths are written out here from their formulas; at all lengths a compiled kernel equals its
 // graph, interpreted. +0 and -0 compare equal.
 
+#include "planned_graphs.h"
 #include "reference.h"
 
-#include "dft_complex/kernels.h"
-#include "dft_real/kernels.h"
-#include "hartley/kernels.h"
 #include "kernelgen/evaluate.h"
 
 namespace rvn::tests
@@ -46,21 +44,25 @@ Complex timesI(Complex x)
     return {-x.imag(), x.real()};
 }
 
-Complexes complex5(const Complexes& x)
+// The definition for an odd prime, its sums and differences from the first on.
+Complexes direct(const Complexes& x)
 {
-    const Complex s1 = x[1] + x[4], s2 = x[2] + x[3];
-    const Complex d1 = x[1] - x[4], d2 = x[2] - x[3];
-    Complexes X(5);
-    X[0] = (x[0] + s1) + s2;
-    for (const int k : {1, 2}) {
-        const double c1 = cosine(k, 5), c2 = cosine(2 * k, 5);
-        const double t1 = sine(k, 5), t2 = sine(2 * k, 5);
-        const Complex A = {rounded((x[0].real() + c1 * s1.real()) + c2 * s2.real()),
-                           rounded((x[0].imag() + c1 * s1.imag()) + c2 * s2.imag())};
-        const Complex B = {rounded(t1 * d1.real() + t2 * d2.real()),
-                           rounded(t1 * d1.imag() + t2 * d2.imag())};
-        X[k] = A - timesI(B);
-        X[5 - k] = A + timesI(B);
+    const int p = static_cast<int>(x.size());
+    Complexes X(p, x[0]);
+    for (int j = 1; j <= p / 2; ++j)
+        X[0] += x[j] + x[p - j];
+    for (int k = 1; k <= p / 2; ++k) {
+        double A[] = {x[0].real(), x[0].imag()}, B[] = {0, 0};
+        for (int j = 1; j <= p / 2; ++j) {
+            const Complex s = x[j] + x[p - j], d = x[j] - x[p - j];
+            A[0] += cosine(j * k, p) * s.real();
+            A[1] += cosine(j * k, p) * s.imag();
+            B[0] += sine(j * k, p) * d.real();
+            B[1] += sine(j * k, p) * d.imag();
+        }
+        const Complex a(rounded(A[0]), rounded(A[1])), b(rounded(B[0]), rounded(B[1]));
+        X[k] = a - timesI(b);
+        X[p - k] = a + timesI(b);
     }
     return X;
 }
@@ -110,12 +112,6 @@ Parts forward3(const Parts& x, float S)
     return {S * (x[0] + t), rounded(wideS * (x[0] - 0.5 * t)), rounded(-(wideS * (halfRoot3 * u)))};
 }
 
-Parts forward4(const Parts& x, float S)
-{
-    const float p = x[0] + x[2], q = x[1] + x[3];
-    return {S * (p + q), S * (x[0] - x[2]), -(S * (x[1] - x[3])), S * (p - q)};
-}
-
 Parts forward5(const Parts& x, float S)
 {
     const double wideS = S;
@@ -158,17 +154,18 @@ TEST(SinglePrecision, ShortLengthsAreTheirFormulasBitForBit)
         Transform transform;
         int length;
         Parts (*formula)(const Parts&, float);
-    } table[] = {{Forward, 4, onPairs<complex4>}, {Forward, 5, onPairs<complex5>},
+    } table[] = {{Forward, 3, onPairs<direct>},   {Forward, 5, onPairs<direct>},
+                 {Forward, 7, onPairs<direct>},   {Forward, 4, onPairs<complex4>},
                  {Forward, 8, onPairs<complex8>}, {ToPack, 3, forward3},
-                 {ToPack, 4, forward4},           {ToPack, 5, forward5},
-                 {FromPack, 5, inverse5},         {Hartley, 3, hartley3}};
+                 {ToPack, 5, forward5},           {FromPack, 5, inverse5},
+                 {Hartley, 3, hartley3}};
     for (const auto& [transform, length, formula] : table)
         for (const RvnScaleFlag flag : everyFlag)
             for (unsigned seed = 0; seed < 100; ++seed) {
                 const auto& kernel = kernelOf<float>(transform, length);
                 const Parts x = randomParts<float>(kernel.parts(), seed, seed % 3 == 0 ? 10 : 0);
                 ASSERT_EQ(transformed(kernel, x, flag), formula(x, kernel.scale(flag)))
-                    << kernel.name << ", flag " << flag << ", seed " << seed;
+                    << kernel.name << ", " << inWords(flag) << ", seed " << seed;
             }
 }
 
@@ -205,15 +202,6 @@ template <typename Real> class Model : public ::testing::Test
 
 TYPED_TEST_SUITE(Model, Reals);
 
-template <typename Real> kernelgen::Graph graphOf(const Kernel<Real>& kernel)
-{
-    const int row = kernel.length() - 2;
-    return kernel.isComplex()   ? dft_complex::complexGraph(dft_complex::complexPlans()[row])
-           : kernel.isForward() ? dft_real::forwardGraph(dft_real::forwardPlans()[row])
-           : kernel.isInverse() ? dft_real::inverseGraph(dft_real::inversePlans()[row])
-                                : hartley::hartleyGraph(hartley::hartleyPlans()[row]);
-}
-
 // The inverse complex transform is the forward one with real and imaginary parts exchanged on both
 // sides.
 template <typename Real>
@@ -232,7 +220,7 @@ TYPED_TEST(Model, EveryCompiledKernelEqualsItsGraphBitForBit)
     for (const auto& kernel : everyKernel<TypeParam>()) {
         if (kernel.isWalshHadamard())
             continue;
-        const kernelgen::Graph graph = graphOf(kernel);
+        const kernelgen::Graph& graph = graphOf(kernel).graph;
         const auto formats = kernelgen::assignFormats(graph, element);
         for (unsigned seed = 0; seed < 8; ++seed) {
             const auto x = randomParts<TypeParam>(kernel.parts(), seed, seed < 4 ? 0 : 12);
@@ -247,7 +235,7 @@ TYPED_TEST(Model, EveryCompiledKernelEqualsItsGraphBitForBit)
                                    : S * static_cast<TypeParam>(value));
             }
             ASSERT_EQ(transformed(kernel, x, flag), exchanged(kernel, X))
-                << kernel.name << ", flag " << flag;
+                << kernel.name << ", " << inWords(flag);
         }
     }
 }
