@@ -3,11 +3,8 @@
 
 #include "kernel_work.h"
 
-#include "dct4/plans.h"
 #include "dct4/radix.h"
-#include "dft_complex/kernels.h"
-#include "dft_real/kernels.h"
-#include "hartley/kernels.h"
+#include "generator/families.h"
 
 #include <vector>
 
@@ -17,22 +14,27 @@ namespace rvn::bench
 namespace
 {
 
-using dct4::BodyKind;
-using kernelgen::Format;
-using kernelgen::Graph;
+using namespace generator;
 
 constexpr int largestDct4Body = 32;
 constexpr int largestOddBody = 64;
 
-// An output that takes S in binary64 is rounded behind it; S itself is there in both formats.
-Work withConversions(Work work, const Graph& graph, Precision precision)
+Format formatOf(Precision precision)
 {
-    if (precision == Precision::Double)
+    return precision == Precision::Double ? Format::Binary64 : Format::Binary32;
+}
+
+// An output that takes S in binary64 is rounded behind it; S itself is there in both formats.
+Work workOf(const Kernel& kernel)
+{
+    Work work{.additions = kernel.row.additions, .multiplications = kernel.row.multiplications};
+    if (kernel.format == Format::Binary64)
         return work;
-    const auto formats = kernelgen::assignFormats(graph, Format::Binary32);
-    const kernelgen::Conversions conversions = kernelgen::countConversions(graph, formats);
-    work.widenings = conversions.widenings;
-    work.roundings = conversions.roundings + kernelgen::countScaledInBinary64(graph, formats);
+    const Graph& graph = kernel.parts.front().graph;
+    const auto [widenings, roundings] =
+        countConversions(graph, assignFormats(graph, Format::Binary32));
+    work.widenings = widenings;
+    work.roundings = roundings + kernel.row.scaledInBinary64;
     return work;
 }
 
@@ -51,7 +53,7 @@ int radixOf(int length)
 
 Work bodyWork(BodyKind kind, int size)
 {
-    const dct4::BodyPlan& plan = dct4::bodyPlan(kind, size);
+    const BodyPlan& plan = bodyPlan(kind, size);
     return {.additions = plan.additions + plan.subtractions,
             .multiplications = plan.multiplications};
 }
@@ -70,30 +72,19 @@ Work oddWork(int length)
 
 Work complexWork(int length, Precision precision)
 {
-    const dft_complex::ComplexPlan& plan = dft_complex::complexPlan(length);
-    return withConversions(
-        {.additions = plan.additions, .multiplications = plan.multiplications + 2 * length},
-        dft_complex::complexGraph(plan), precision);
+    return workOf(complexKernel(complexPlan(length), formatOf(precision)));
 }
 
 Work realWork(int length, Precision precision, Direction direction)
 {
-    if (direction == Direction::Forward) {
-        const dft_real::ForwardPlan& plan = planOf(dft_real::forwardPlans(), length);
-        return withConversions(
-            {.additions = plan.additions, .multiplications = plan.multiplications},
-            dft_real::forwardGraph(plan), precision);
-    }
-    const dft_real::InversePlan& plan = planOf(dft_real::inversePlans(), length);
-    return withConversions({.additions = plan.additions, .multiplications = plan.multiplications},
-                           dft_real::inverseGraph(plan), precision);
+    return workOf(direction == Direction::Forward
+                      ? forwardRealKernel(planOf(forwardPlans(), length), formatOf(precision))
+                      : inverseRealKernel(planOf(inversePlans(), length), formatOf(precision)));
 }
 
 Work hartleyWork(int length, Precision precision)
 {
-    const hartley::HartleyPlan& plan = planOf(hartley::hartleyPlans(), length);
-    return withConversions({.additions = plan.additions, .multiplications = plan.multiplications},
-                           hartley::hartleyGraph(plan), precision);
+    return workOf(hartleyKernel(planOf(hartleyPlans(), length), formatOf(precision)));
 }
 
 Work whtWork(int order)

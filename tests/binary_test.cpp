@@ -8,7 +8,7 @@
 #include "command_output.h"
 #include "planned_graphs.h"
 
-#include "dct4/builder.h"
+#include "generator/dct4/body_graphs.h"
 
 #include <algorithm>
 #include <map>
@@ -161,17 +161,18 @@ TEST(Binary, KernelsDoThePlannedOperationsInOneStraightLine)
         const PlannedGraph& planned = graphOf(kernel);
         const auto sums = count(code, additions);
         // A doubling may be compiled to a sum.
-        EXPECT_EQ(sums + count(code, multiplications), planned.additions + planned.multiplications)
+        EXPECT_EQ(sums + count(code, multiplications),
+                  planned.row.additions + planned.row.multiplications)
             << kernel.name;
-        EXPECT_GE(sums, planned.additions) << kernel.name;
-        EXPECT_LE(sums, planned.additions + planned.doublings) << kernel.name;
+        EXPECT_GE(sums, planned.row.additions) << kernel.name;
+        EXPECT_LE(sums, planned.row.additions + planned.row.doublings) << kernel.name;
         expectStraightLine(kernel.name, code);
         expectAccesses(kernel, code);
     });
 }
 
 // The functions of a body of the DCT-IV in both precisions, copies for special strides included.
-std::vector<NamedCode> bodiesOf(const dct4::BodyPlan& plan)
+std::vector<NamedCode> bodiesOf(const generator::BodyPlan& plan)
 {
     std::vector<NamedCode> bodies;
     for (const std::string precision : {"32f_", "64f_"}) {
@@ -187,7 +188,7 @@ std::vector<NamedCode> bodiesOf(const dct4::BodyPlan& plan)
 
 TEST(Binary, BodiesDoTheOperationsOfTheirRowInTheElementType)
 {
-    for (const dct4::BodyPlan& plan : dct4::bodyPlans)
+    for (const generator::BodyPlan& plan : generator::bodyPlans)
         for (const auto& [name, code] : bodiesOf(plan)) {
             const std::string type = name.starts_with("owngDCT4_32f") ? "ss" : "sd";
             EXPECT_EQ(count(code, {"mul" + type}), plan.multiplications) << name;

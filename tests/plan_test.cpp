@@ -8,11 +8,12 @@
 #include "planned_graphs.h"
 #include "reference.h"
 
-#include "dct4/builder.h"
-#include "kernelgen/cost.h"
-#include "kernelgen/evaluate.h"
-#include "kernelgen/files.h"
-#include "kernelgen/roots.h"
+#include "generator/dct4/body_graphs.h"
+#include "generator/files.h"
+#include "generator/graph/evaluate.h"
+#include "generator/order/choice.h"
+#include "generator/order/cost.h"
+#include "generator/transforms/roots.h"
 
 #include <algorithm>
 #include <fstream>
@@ -25,11 +26,11 @@ namespace rvn::tests
 namespace
 {
 
-using namespace kernelgen;
+using namespace generator;
 
-std::string nameOf(const dct4::BodyPlan& plan)
+std::string nameOf(const generator::BodyPlan& plan)
 {
-    return "DCT-IV, " + dct4::nameOf(plan.kind) + " " + std::to_string(plan.size);
+    return "DCT-IV, " + generator::nameOf(plan.kind) + " " + std::to_string(plan.size);
 }
 
 TEST(Plan, EveryGraphIsItsTransform)
@@ -147,29 +148,75 @@ TEST(Plan, EveryConstantIsExactToTheLastPlace)
     };
     for (const auto& planned : everyGraph())
         expectExact(planned.kernel.name, planned.graph);
-    for (const dct4::BodyPlan& plan : dct4::bodyPlans)
-        expectExact(nameOf(plan), dct4::bodyGraph(plan));
+    for (const generator::BodyPlan& plan : generator::bodyPlans)
+        expectExact(nameOf(plan), generator::bodyGraph(plan));
 }
 
-TEST(Plan, AGraphThatMissesItsRowIsRefusedWithBothCounts)
+TEST(Plan, AKernelThatMissesItsRowIsRefusedWithBothCounts)
 {
     const struct {
         int additions, multiplications;
-    } wrong[] = {{1, 0}, {0, -1}};
-    for (const auto& [additions, multiplications] : wrong) {
-        dft_complex::ComplexPlan plan = dft_complex::complexPlan(15);
+        const char* message;
+    } wrong[] = {{1, 0, "expected 157 additions, found 156"},
+                 {0, -1, "expected 97 multiplications, found 98"}};
+    for (const auto& [additions, multiplications, message] : wrong) {
+        ComplexPlan plan = complexPlan(15);
         plan.additions += additions;
         plan.multiplications += multiplications;
         try {
-            dft_complex::complexGraph(plan);
+            requireRow(complexKernel(plan, Format::Binary64));
             ADD_FAILURE() << "accepted";
         } catch (const std::runtime_error& error) {
             EXPECT_EQ(error.what(),
-                      "complex DFT, length 15: expected " + std::to_string(plan.additions) +
-                          " additions and " + std::to_string(plan.multiplications) +
-                          " multiplications, found 156 additions and 68 multiplications");
+                      "complex DFT of length 15, Good-Thomas 3 x 5: " + std::string(message));
         }
     }
+}
+
+// The operations of a graph, in order.
+std::vector<std::array<double, 4>> operationsOf(const generator::Kernel& kernel)
+{
+    std::vector<std::array<double, 4>> operations;
+    for (const Node& node : kernel.parts.front().graph.nodes)
+        operations.push_back({static_cast<double>(node.op), static_cast<double>(node.operand[0]),
+                              static_cast<double>(node.operand[1]), node.constant});
+    return operations;
+}
+
+// Whoever edits a row sees another graph, or a refusal.
+TEST(Plan, TheRowDrivesTheGraph)
+{
+    constexpr Format format = Format::Binary64;
+    ComplexPlan plan = complexPlan(15);
+    const auto original = operationsOf(complexKernel(plan, format));
+    plan.stage = {15, Method::GoodThomas, 5, 3};
+    EXPECT_NE(operationsOf(complexKernel(plan, format)), original);
+    EXPECT_NO_THROW(requireRow(complexKernel(plan, format)));
+    plan.stage = {15, Method::CooleyTukey, 3, 5};
+    EXPECT_THROW(requireRow(complexKernel(plan, format)), std::runtime_error);
+    for (const ComplexStage& stage : {ComplexStage{15, Method::CooleyTukey, 999, -7},
+                                      {15, Method::CooleyTukey, 15, 1},
+                                      {16, Method::GoodThomas, 4, 4},
+                                      {15, Method::Rader}}) {
+        plan.stage = stage;
+        EXPECT_THROW(complexKernel(plan, format), std::runtime_error);
+    }
+
+    // The departures of a row's inner stages travel with it.
+    ComplexRader rader = complexRader(13);
+    rader.first = notation::residues(12, 3, 4);
+    ComplexPlan prime = complexPlan(13);
+    prime.stage.rader = &rader;
+    EXPECT_NE(operationsOf(complexKernel(prime, format)),
+              operationsOf(complexKernel(complexPlan(13), format)));
+
+    InversePlan inverse = inversePlans()[60 - 2];
+    inverse.stage.a = 12;
+    EXPECT_NE(operationsOf(inverseRealKernel(inverse, format)),
+              operationsOf(inverseRealKernel(inversePlans()[60 - 2], format)));
+    ForwardPlan forward = forwardPlans()[16 - 2];
+    forward.stage.middle.form = OddBins::Form::HalfComplexMirrored;
+    EXPECT_THROW(forwardRealKernel(forward, format), std::runtime_error);
 }
 
 TEST(Plan, InABinary32KernelNoBinary64ValueIsUsedTwiceAndNoDoublingIsOne)
@@ -229,9 +276,9 @@ TEST(Plan, AScheduleLoadsBeforeItStoresAndDoesEverythingOnce)
 {
     for (const auto& planned : everyGraph())
         expectOrders(planned.kernel.name, planned.graph, Stores::AfterLoads);
-    for (const dct4::BodyPlan& plan : dct4::bodyPlans)
+    for (const generator::BodyPlan& plan : generator::bodyPlans)
         for (const Stores stores : {Stores::AfterLoads, Stores::AsReady})
-            expectOrders(nameOf(plan), dct4::bodyGraph(plan), stores);
+            expectOrders(nameOf(plan), generator::bodyGraph(plan), stores);
 }
 
 TEST(Plan, AFileIsWrittenWhenItsBytesChangeAndLeftAloneWhenTheyDoNot)

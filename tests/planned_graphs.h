@@ -4,48 +4,35 @@
 
 #include "kernels.h"
 
-#include "dft_complex/kernels.h"
-#include "dft_real/kernels.h"
-#include "hartley/kernels.h"
+#include "generator/families.h"
 
 namespace rvn::tests
 {
 
-// What a row promises of a kernel, products by S included.
 struct PlannedGraph {
     Kernel<double> kernel; // without functions
-    kernelgen::Graph graph;
-    int additions;
-    int multiplications;
-    int doublings;
+    generator::Graph graph;
+    generator::Tally row; // what the plan promises, products by S included
 };
 
 // By length, and of a length: complex, forward real, inverse real, Hartley.
 inline const std::vector<PlannedGraph>& everyGraph()
 {
     static const std::vector<PlannedGraph> all = [] {
+        using namespace generator;
         std::vector<PlannedGraph> graphs;
-        const auto add = [&](std::string family, Transform transform, const kernelgen::Graph& graph,
-                             const auto& row, int products, int doublings) {
+        const auto add = [&](Transform transform, const generator::Kernel& planned) {
             const int N = static_cast<int>(graphs.size()) / 4 + 2;
-            graphs.push_back({{std::move(family) + " " + std::to_string(N), transform, N, {}, {}},
-                              graph,
-                              row.additions,
-                              row.multiplications + products,
-                              doublings});
+            graphs.push_back({{planned.transform, transform, N, {}, {}},
+                              planned.parts.front().graph,
+                              planned.row});
         };
-        for (int N = 2; N <= 64; ++N) {
-            const auto& complex = dft_complex::complexPlans()[N - 2];
-            const auto& forward = dft_real::forwardPlans()[N - 2];
-            const auto& inverse = dft_real::inversePlans()[N - 2];
-            const auto& hartley = hartley::hartleyPlans()[N - 2];
-            add("complex DFT", Transform::Forward, dft_complex::complexGraph(complex), complex,
-                2 * N, 0);
-            add("real DFT", Transform::ToPack, dft_real::forwardGraph(forward), forward, 0, 0);
-            add("inverse real DFT", Transform::FromPack, dft_real::inverseGraph(inverse), inverse,
-                0, inverse.doublings);
-            add("Hartley transform", Transform::Hartley, hartley::hartleyGraph(hartley), hartley, 0,
-                0);
+        constexpr Format format = Format::Binary64;
+        for (int row = 0; row < 63; ++row) {
+            add(Transform::Forward, complexKernel(complexPlans()[row], format));
+            add(Transform::ToPack, forwardRealKernel(forwardPlans()[row], format));
+            add(Transform::FromPack, inverseRealKernel(inversePlans()[row], format));
+            add(Transform::Hartley, hartleyKernel(hartleyPlans()[row], format));
         }
         return graphs;
     }();

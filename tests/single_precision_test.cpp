@@ -9,7 +9,7 @@
 #include "planned_graphs.h"
 #include "reference.h"
 
-#include "kernelgen/evaluate.h"
+#include "generator/graph/evaluate.h"
 
 namespace rvn::tests
 {
@@ -215,13 +215,13 @@ std::vector<Real> exchanged(const Kernel<Real>& kernel, std::vector<Real> parts)
 
 TYPED_TEST(Model, EveryCompiledKernelEqualsItsGraphBitForBit)
 {
-    using enum kernelgen::Format;
+    using enum generator::Format;
     constexpr auto element = std::is_same_v<TypeParam, double> ? Binary64 : Binary32;
     for (const auto& kernel : everyKernel<TypeParam>()) {
         if (kernel.isWalshHadamard())
             continue;
-        const kernelgen::Graph& graph = graphOf(kernel).graph;
-        const auto formats = kernelgen::assignFormats(graph, element);
+        const generator::Graph& graph = graphOf(kernel).graph;
+        const auto formats = generator::assignFormats(graph, element);
         for (unsigned seed = 0; seed < 8; ++seed) {
             const auto x = randomParts<TypeParam>(kernel.parts(), seed, seed < 4 ? 0 : 12);
             const auto parts = exchanged(kernel, x);
@@ -229,7 +229,7 @@ TYPED_TEST(Model, EveryCompiledKernelEqualsItsGraphBitForBit)
             const RvnScaleFlag flag = everyFlag[seed % 4];
             const TypeParam S = kernel.scale(flag);
             std::vector<TypeParam> X;
-            for (const double value : kernelgen::evaluate(graph, formats, inputs)) {
+            for (const double value : generator::evaluate(graph, formats, inputs)) {
                 const bool isWide = formats[graph.outputs[X.size()].node].held != element;
                 X.push_back(isWide ? static_cast<TypeParam>(static_cast<double>(S) * value)
                                    : S * static_cast<TypeParam>(value));

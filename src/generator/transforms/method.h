@@ -1,0 +1,53 @@
+// The methods by which a length is computed, N = a x b where it is split.
+#pragma once
+
+#include <numeric>
+#include <stdexcept>
+#include <string>
+
+namespace rvn::generator
+{
+
+enum class Method { Butterfly, Direct, CooleyTukey, GoodThomas, Rader };
+
+// Whether a and b are factors of the length, and coprime where they must be.
+constexpr bool isSplit(int length, Method method, int a, int b)
+{
+    switch (method) {
+    case Method::CooleyTukey:
+        return a > 1 && b > 1 && a * b == length;
+    case Method::GoodThomas:
+        return a > 1 && b > 1 && a * b == length && std::gcd(a, b) == 1;
+    default:
+        return true;
+    }
+}
+
+// "Good-Thomas 9 x 4"; of Rader's method the name alone.
+inline std::string nameOf(Method method, int a, int b)
+{
+    const std::string split = " " + std::to_string(a) + " x " + std::to_string(b);
+    switch (method) {
+    case Method::Butterfly:
+        return "butterfly";
+    case Method::Direct:
+        return "direct";
+    case Method::CooleyTukey:
+        return "Cooley-Tukey" + split;
+    case Method::GoodThomas:
+        return "Good-Thomas" + split;
+    case Method::Rader:
+        return "Rader";
+    }
+    return {};
+}
+
+// Throws std::runtime_error unless a stage transforms `size` values by a split of that length.
+inline void requireSplit(std::size_t size, int length, Method method, int a, int b)
+{
+    if (static_cast<std::size_t>(length) != size || !isSplit(length, method, a, b))
+        throw std::runtime_error("no way to transform " + std::to_string(size) + " values: " +
+                                 nameOf(method, a, b) + " of length " + std::to_string(length));
+}
+
+} // namespace rvn::generator
