@@ -82,10 +82,10 @@ template <typename Element> struct Env3 {
     std::int32_t subSize;     // M; plan
     std::int32_t topSize;     // plan
     std::int32_t lastOdd;     // 2 N - 1
-    std::int32_t stride;      // 2 r
-    std::int32_t count;       // r
+    std::int32_t stride;      // 2 r, of the elements of a sequence
+    std::int32_t count;       // r, of the sequences
     std::int32_t parentSize;  // plan
-    std::int32_t parentRadix; // plan
+    std::int32_t parentRadix; // r, the row step of its outputs
 };
 
 template <typename Element> struct Env4 {
@@ -94,14 +94,14 @@ template <typename Element> struct Env4 {
     EnvList* env6List = nullptr;
     EnvList* env7List = nullptr;
     Element* scratch = nullptr; // M elements between env7 and env6
-    std::int32_t mode = 0;
-    std::int32_t size;         // M
-    std::int32_t radix = 0;    // r'; set by plan
-    std::int32_t topSize;      // plan
-    std::int32_t topSizeAgain; // plan
-    std::int32_t stride;       // plan
-    std::int32_t parentSize;   // plan
-    std::int32_t parentRadix;  // plan
+    std::int32_t mode = 0;      // 1 once planned; of any other mode neither runs
+    std::int32_t size;          // M
+    std::int32_t radix = 0;     // r'; set by plan
+    std::int32_t topSize;       // plan
+    std::int32_t topSizeAgain;  // plan
+    std::int32_t stride;        // plan
+    std::int32_t parentSize;    // plan
+    std::int32_t parentRadix;   // plan
 };
 
 template <typename Element> struct Env6 {
@@ -132,9 +132,9 @@ template <typename Element> struct Env7 {
     std::int32_t topSizeAgain; // plan
     std::int32_t stride;       // of the elements of a sub-sequence
     std::int32_t parentStride; // from one sub-sequence to the next
-    std::int32_t count;        // r'
+    std::int32_t count;        // r', of the sub-sequences
     std::int32_t parentSize;   // plan
-    std::int32_t parentRadix;  // r'
+    std::int32_t parentRadix;  // r', the row step of its outputs
 };
 
 // clang-format off

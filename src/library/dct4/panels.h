@@ -42,11 +42,11 @@ struct PanelSplit {
         const std::ptrdiff_t M = length();
         const std::ptrdiff_t r = env3.count;
         return r % lineElements == 0 && env3.stride == 2 * r && 2 * r * M - 1 == env3.lastOdd &&
-               bodiesOf(env7.mode).odd != nullptr && std::ptrdiff_t{env7.count} << env7.mode == M &&
-               env7.parentStride == 2 * r && env7.stride == 2 * r * env7.count &&
-               bodiesOf(env6.mode).innerRow != nullptr && env6.rowStep == 2 << env6.mode &&
-               env6.subSize == 2 * env6.rows && std::ptrdiff_t{env6.rowStep} * env6.rows == M &&
-               env6.parentRadix == r;
+               bodiesOf(env7.mode).odd != nullptr &&
+               (std::ptrdiff_t{env7.count} << env7.mode) == M && env7.parentStride == 2 * r &&
+               env7.stride == 2 * r * env7.count && bodiesOf(env6.mode).innerRow != nullptr &&
+               env6.rowStep == (2 << env6.mode) && env6.subSize == 2 * env6.rows &&
+               std::ptrdiff_t{env6.rowStep} * env6.rows == M && env6.parentRadix == r;
     }
 };
 

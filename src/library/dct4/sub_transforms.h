@@ -86,17 +86,18 @@ template <typename Object> std::int32_t bytesOfSubTransforms(const Object& self)
                                                          EnvList_add_mem(2)));
 }
 
-// Where a sequence begins and how its elements follow one another: u[t] at offset + stride t for
-// t >= 0, and for t < 0 at offset + mirror - stride (t + L), which is counted from the far end.
+// Where sequences side by side lie: u[t] of the first at `first` + stride t for t >= 0, and for t <
+// 0 at `first` + `mirror` - stride (t + L), which counts from the far end. From one to the next,
+// `first` rises by `step` and `mirror` falls by twice that.
 struct Offsets {
-    std::int32_t first;  // of sequence 0, and those of the next
-    std::int32_t mirror; // `step` further and 2 `step` less
+    std::int32_t first;
+    std::int32_t mirror;
     std::int32_t step;
 };
 
 // Long transforms, one after the other, through the env4: its env7 fills its scratch, its env6
-// takes the rows from there. Apart from the fixed bodies, whose calls are so short that registers
-// saved for this loop would tell.
+// takes the rows from there. A function of its own: the call of a fixed body is so short that the
+// registers that this loop saves would tell.
 template <typename Object>
 [[gnu::noinline]] void runInnerSplits(const Object& self, const Offsets& offsets, Scalar* dst,
                                       const Scalar* src)
