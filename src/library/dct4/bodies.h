@@ -44,7 +44,7 @@ struct InnerRows {
 
 } // namespace rvn::dct4
 
-// Declares the bodies of one precision: RVNG_DCT4_BODIES(32f, rvn::Scalar32f).
+// A body of each kind in one precision.
 #define RVNG_DCT4_DIRECT(N, suffix, Scalar)                                                        \
     void owngDCT4_##suffix##_direct_##N(Scalar* dst, const Scalar* src);
 #define RVNG_DCT4_ODD(L, suffix, Scalar)                                                           \
@@ -56,6 +56,8 @@ struct InnerRows {
 #define RVNG_DCT4_INNER_ROW(r, suffix, Scalar)                                                     \
     void owngDCT4_##suffix##_innerRow_##r(Scalar* dst, const Scalar* src, const Scalar* first,     \
                                           const Scalar* second, const rvn::dct4::InnerRows& rows);
+
+// All of one precision: RVNG_DCT4_BODIES(32f, rvn::Scalar32f).
 // clang-format off
 #define RVNG_DCT4_BODIES(suffix, Scalar)                                                           \
     RVNG_DCT4_DIRECT(2, suffix, Scalar) RVNG_DCT4_DIRECT(4, suffix, Scalar)                        \

@@ -1,29 +1,15 @@
 // The functions of the objects of a plan, for one precision; and what they share.
 //
-// __init__ fills an object in raw memory of the arena and allocates its lists. plan builds what
-// lies below it, and returns RvnStatusSizeError, leaving everything in place, for a length that
-// cannot be split. __del__ releases what the object owns, but not the object. mem tells the bytes
-// of plan in advance, or a negative number; only its first argument matters. compute runs the step;
-// its order of arguments is destination, source.
+// __init__ fills an object in raw memory of the arena with the numbers of a record of its type, and
+// allocates its lists. plan builds what lies below it, and returns RvnStatusSizeError, leaving
+// everything in place, for a length that cannot be split. __del__ releases what the object owns,
+// but not the object. mem tells the bytes of an object of these numbers and of its plan in advance,
+// or a negative number; only the length counts. compute runs the step; its order of arguments is
+// destination, source.
 #pragma once
 
 #include "dct4/environments.h"
 #include "dct4/names.h"
-
-#include <new>
-
-namespace rvn::dct4
-{
-
-// Where a real sequence u[t], t = -L/2 to L/2 - 1, lies behind a pointer: u[t] at near + step t for
-// t >= 0 and at far + step (-1 - t) for t < 0.
-struct Sequence {
-    std::ptrdiff_t near;
-    std::ptrdiff_t far;
-    std::ptrdiff_t step;
-};
-
-} // namespace rvn::dct4
 
 extern "C" {
 
@@ -39,11 +25,11 @@ using EnvLambda = rvn::dct4::record::EnvLambda<Element>;
 using EnvFCompose = rvn::dct4::record::EnvFCompose<Element>;
 
 // clang-format off
-EnvLambda*   OWNG_DCT4(envlambda, __init__)(EnvLambda* self, Arena* arena, std::int32_t numerator, std::int32_t denominator);
+EnvLambda*   OWNG_DCT4(envlambda, __init__)(EnvLambda* self, Arena* arena, const EnvLambda& numbers);
 void         OWNG_DCT4(envlambda, __del__)(void* self);
 Element      OWNG_DCT4(envlambda, at)(const void* self, std::int32_t i, std::int32_t j);
 
-EnvFCompose* OWNG_DCT4(envfCompose, __init__)(EnvFCompose* self, Arena* arena, std::int32_t rowStepCopy, std::int32_t angleDivisor, std::int32_t rows, std::int32_t radix, std::int32_t rowStep);
+EnvFCompose* OWNG_DCT4(envfCompose, __init__)(EnvFCompose* self, Arena* arena, const EnvFCompose& numbers);
 void         OWNG_DCT4(envfCompose, __del__)(void* self);
 Element      OWNG_DCT4(envfCompose, at)(const void* self, std::int32_t i, std::int32_t j);
 
@@ -53,34 +39,33 @@ void         OWNG_DCT4(env1, __del__)(void* self);
 std::int32_t OWNG_DCT4(env1, mem)(std::int32_t size);
 RvnStatus    OWNG_DCT4(env1, compute)(const Env1* self, Scalar* dst, const Scalar* src);
 
-Env2*        OWNG_DCT4(env2, __init__)(Env2* self, Arena* arena, std::int32_t radix, std::int32_t size, std::int32_t rowStep, std::int32_t rows, std::int32_t sizeCopy, std::int32_t lastOdd, std::int32_t subSize, EnvFCompose* generator);
+Env2*        OWNG_DCT4(env2, __init__)(Env2* self, Arena* arena, const Env2& numbers);
 RvnStatus    OWNG_DCT4(env2, plan)(void* self);
 void         OWNG_DCT4(env2, __del__)(void* self);
 RvnStatus    OWNG_DCT4(env2, compute)(const Env2* self, Scalar* dst, const Scalar* src);
 
-Env3*        OWNG_DCT4(env3, __init__)(Env3* self, Arena* arena, std::int32_t subSize, std::int32_t topSize, std::int32_t lastOdd, std::int32_t stride, std::int32_t count, std::int32_t parentSize, std::int32_t parentRadix);
+Env3*        OWNG_DCT4(env3, __init__)(Env3* self, Arena* arena, const Env3& numbers);
 RvnStatus    OWNG_DCT4(env3, plan)(void* self);
 void         OWNG_DCT4(env3, __del__)(void* self);
-std::int32_t OWNG_DCT4(env3, mem)(std::int32_t subSize, std::int32_t topSize, std::int32_t lastOdd, std::int32_t stride, std::int32_t count, std::int32_t parentSize, std::int32_t parentRadix);
+std::int32_t OWNG_DCT4(env3, mem)(const Env3& numbers);
 RvnStatus    OWNG_DCT4(env3, compute)(const Env3* self, Scalar* dst, const Scalar* src);
 
-Env4*        OWNG_DCT4(env4, __init__)(Env4* self, Arena* arena, std::int32_t size, std::int32_t topSize, std::int32_t topSizeAgain, std::int32_t stride, std::int32_t parentSize, std::int32_t parentRadix);
+Env4*        OWNG_DCT4(env4, __init__)(Env4* self, Arena* arena, const Env4& numbers);
 RvnStatus    OWNG_DCT4(env4, plan)(void* self);
 void         OWNG_DCT4(env4, __del__)(void* self);
-std::int32_t OWNG_DCT4(env4, mem)(std::int32_t size, std::int32_t topSize, std::int32_t topSizeAgain, std::int32_t stride, std::int32_t parentSize, std::int32_t parentRadix);
+std::int32_t OWNG_DCT4(env4, mem)(const Env4& numbers);
 
-Env6*        OWNG_DCT4(env6, __init__)(Env6* self, Arena* arena, std::int32_t radix, std::int32_t size, std::int32_t rowStep, std::int32_t rows, std::int32_t parentSize, std::int32_t halfSize, std::int32_t lastOdd, std::int32_t parentRadix, std::int32_t subSize, EnvLambda* generator);
+Env6*        OWNG_DCT4(env6, __init__)(Env6* self, Arena* arena, const Env6& numbers);
 RvnStatus    OWNG_DCT4(env6, plan)(void* self);
 void         OWNG_DCT4(env6, __del__)(void* self);
 RvnStatus    OWNG_DCT4(env6, compute)(const Env6* self, Scalar* dst, const Scalar* src, std::int32_t j);
-RvnStatus    OWNG_DCT4(env6, rows)(const Env6* self, Scalar* dst, const Scalar* src, std::ptrdiff_t rowStep);
+RvnStatus    OWNG_DCT4(env6, rows)(const Env6* self, Scalar* dst, const Scalar* src, std::ptrdiff_t outputStep);
 
-Env7*        OWNG_DCT4(env7, __init__)(Env7* self, Arena* arena, std::int32_t subSize, std::int32_t topSize, std::int32_t topSizeAgain, std::int32_t stride, std::int32_t parentStride, std::int32_t count, std::int32_t parentSize, std::int32_t parentRadix);
+Env7*        OWNG_DCT4(env7, __init__)(Env7* self, Arena* arena, const Env7& numbers);
 RvnStatus    OWNG_DCT4(env7, plan)(void* self);
 void         OWNG_DCT4(env7, __del__)(void* self);
-std::int32_t OWNG_DCT4(env7, mem)(std::int32_t subSize, std::int32_t topSize, std::int32_t topSizeAgain, std::int32_t stride, std::int32_t parentStride, std::int32_t count, std::int32_t parentSize, std::int32_t parentRadix);
+std::int32_t OWNG_DCT4(env7, mem)(const Env7& numbers);
 RvnStatus    OWNG_DCT4(env7, compute)(const Env7* self, Scalar* dst, const Scalar* src, std::int32_t j, std::int32_t mirror);
-RvnStatus    OWNG_DCT4(env7, sweep)(const Env7* self, Scalar* dst, const Scalar* src, const rvn::dct4::Sequence& sequence);
 // clang-format on
 }
 
@@ -114,9 +99,10 @@ constexpr std::uint64_t bytesOf(std::int64_t elements)
     return static_cast<std::uint64_t>(elements) * sizeof(Element);
 }
 
+// Raw memory, which __init__ fills.
 template <typename Object> Object* allocate(Arena* arena)
 {
-    return new (rvngArenaMalloc(arena, sizeof(Object))) Object;
+    return static_cast<Object*>(rvngArenaMalloc(arena, sizeof(Object)));
 }
 
 inline Element* allocateElements(Arena* arena, std::int64_t count)
@@ -145,6 +131,33 @@ inline void releaseChildren(EnvList* children)
 template <typename Object> Object* itemOf(const EnvList* list)
 {
     return static_cast<Object*>(EnvList_get(list, 0));
+}
+
+// Adds an object to its parent's children and to the list that it is reached through, and plans
+// what it finds there.
+inline RvnStatus addPlanned(void* object, EnvList* children, EnvList* list,
+                            RvnStatus (*plan)(void* self))
+{
+    EnvList_add(list, EnvList_add(children, object));
+    return plan(EnvList_get(list, 0));
+}
+
+// The bytes of a split of so many points: its outputs' object with a table of so many elements, its
+// inputs, the object itself with its scratch array, and its generator. Five list nodes are counted
+// where two are taken: callers may have these figures in their own tables.
+template <typename Split, typename Outputs, typename Generator>
+std::int32_t bytesOfSplit(std::int32_t size, std::int64_t tableLength, std::int32_t inputs)
+{
+    const auto A = rvngAlignSize32Bytes;
+    const auto L = EnvList_add_mem;
+    const std::uint64_t outputs = A(bytesOf(tableLength)) + A(sizeof(Outputs)) + A(sizeof(EnvList));
+    if (const std::int32_t bytes = narrowed(static_cast<std::int64_t>(outputs)); bytes < 0)
+        return bytes;
+    if (inputs < 0)
+        return inputs;
+    return narrowed(static_cast<std::int64_t>(
+        outputs + static_cast<std::uint64_t>(inputs) + A(bytesOf(size)) + A(sizeof(Split)) +
+        3 * A(sizeof(EnvList)) + L(2) + A(sizeof(Generator)) + L(1) + L(2)));
 }
 
 } // namespace DCT4_NAMESPACE

@@ -3,8 +3,8 @@
 // Up to 32 points a fixed body; above, the top split with radix r into r odd-frequency transforms
 // of M = N/r points (env3) and M/2 output rows (env2).
 
-#include "dct4/bodies.h"
 #include "dct4/engine.h"
+#include "dct4/fixed_bodies.h"
 #include "dct4/radix.h"
 
 using namespace rvn::dct4;
@@ -17,6 +17,45 @@ constexpr std::int32_t splitMode = 6;
 std::int32_t modeOfSize(std::int32_t size)
 {
     return modeOf(size, 1, 5, splitMode);
+}
+
+// The numbers of what lies below a split of N points with radix r.
+
+EnvFCompose generatorOf(std::int32_t N, std::int32_t r)
+{
+    return {.rowStepCopy = 2 * r,
+            .angleDivisor = narrowed(std::int64_t{8} * N),
+            .rows = N / (2 * r),
+            .radix = r,
+            .rowStep = 2 * r};
+}
+
+std::int32_t lastOddOf(std::int32_t N)
+{
+    return narrowed(std::int64_t{2} * N - 1);
+}
+
+Env2 outputsOf(std::int32_t N, std::int32_t r, EnvFCompose* generator)
+{
+    return {.radix = r,
+            .size = N,
+            .rowStep = 2 * r,
+            .rows = N / (2 * r),
+            .sizeCopy = N,
+            .lastOdd = lastOddOf(N),
+            .subSize = N / r,
+            .generator = generator};
+}
+
+Env3 inputsOf(std::int32_t N, std::int32_t r)
+{
+    return {.subSize = N / r,
+            .topSize = N,
+            .lastOdd = lastOddOf(N),
+            .stride = 2 * r,
+            .count = r,
+            .parentSize = N,
+            .parentRadix = r};
 }
 
 } // namespace
@@ -39,32 +78,27 @@ RvnStatus OWNG_DCT4(env1, plan)(void* object)
 {
     auto* const self = static_cast<Env1*>(object);
     self->mode = modeOfSize(self->size);
-    if (self->mode != splitMode)
+    if (self->mode != splitMode) {
+        self->scratch = nullptr;
         return RvnStatusNoError;
+    }
     if (divisorsIntNonTriv(&self->radix, self->size / 2) != RvnStatusNoError)
         return RvnStatusSizeError;
 
     Arena* const arena = self->header.arena;
     const std::int32_t N = self->size;
     const std::int32_t r = self->radix;
-    const std::int32_t rowStep = 2 * r;
-    const std::int32_t rows = N / rowStep;
-    const std::int32_t lastOdd = narrowed(std::int64_t{2} * N - 1);
 
     Env2* const env2 = allocate<Env2>(arena);
     EnvFCompose* const generator =
-        OWNG_DCT4(envfCompose, __init__)(allocate<EnvFCompose>(arena), arena, rowStep,
-                                         narrowed(std::int64_t{8} * N), rows, r, rowStep);
+        OWNG_DCT4(envfCompose, __init__)(allocate<EnvFCompose>(arena), arena, generatorOf(N, r));
     EnvList_add(self->children, generator);
-    OWNG_DCT4(env2, __init__)(env2, arena, r, N, rowStep, rows, N, lastOdd, N / r, generator);
-    EnvList_add(self->env2List, EnvList_add(self->children, env2));
-    if (OWNG_DCT4(env2, plan)(itemOf<Env2>(self->env2List)) != RvnStatusNoError)
+    OWNG_DCT4(env2, __init__)(env2, arena, outputsOf(N, r, generator));
+    if (addPlanned(env2, self->children, self->env2List, OWNG_DCT4(env2, plan)) != RvnStatusNoError)
         return RvnStatusSizeError;
 
-    Env3* const env3 = OWNG_DCT4(env3, __init__)(allocate<Env3>(arena), arena, N / r, N, lastOdd,
-                                                 rowStep, r, N, r);
-    EnvList_add(self->env3List, EnvList_add(self->children, env3));
-    if (OWNG_DCT4(env3, plan)(itemOf<Env3>(self->env3List)) != RvnStatusNoError)
+    Env3* const env3 = OWNG_DCT4(env3, __init__)(allocate<Env3>(arena), arena, inputsOf(N, r));
+    if (addPlanned(env3, self->children, self->env3List, OWNG_DCT4(env3, plan)) != RvnStatusNoError)
         return RvnStatusSizeError;
 
     self->scratch = allocateElements(arena, N);
@@ -87,50 +121,26 @@ void OWNG_DCT4(env1, __del__)(void* object)
 std::int32_t OWNG_DCT4(env1, mem)(std::int32_t size)
 {
     const auto A = rvngAlignSize32Bytes;
-    const auto L = EnvList_add_mem;
     if (modeOfSize(size) != splitMode)
         return narrowed(static_cast<std::int64_t>(A(0) + A(sizeof(Env1)) + 3 * A(sizeof(EnvList))));
     std::int32_t r = 0;
     if (divisorsIntNonTriv(&r, size / 2) != RvnStatusNoError)
         return RvnStatusSizeError;
     const std::int64_t rows = size / (2 * r);
-
-    const std::uint64_t outputs = A(bytesOf(2 * r * rows)) + A(sizeof(Env2)) + A(sizeof(EnvList));
-    if (const std::int32_t bytes = narrowed(static_cast<std::int64_t>(outputs)); bytes < 0)
-        return bytes;
-    const std::int32_t inputs = OWNG_DCT4(env3, mem)(
-        size / r, size, narrowed(std::int64_t{2} * size - 1), 2 * r, r, size, r);
-    if (inputs < 0)
-        return inputs;
-    return narrowed(static_cast<std::int64_t>(
-        outputs + static_cast<std::uint64_t>(inputs) + A(bytesOf(size)) + A(sizeof(Env1)) +
-        3 * A(sizeof(EnvList)) + L(2) + A(sizeof(EnvFCompose)) + L(1) + L(2)));
+    return bytesOfSplit<Env1, Env2, EnvFCompose>(size, 2 * r * rows,
+                                                 OWNG_DCT4(env3, mem)(inputsOf(size, r)));
 }
 
 RvnStatus OWNG_DCT4(env1, compute)(const Env1* self, Scalar* dst, const Scalar* src)
 {
-    switch (self->mode) {
-    case 1:
-        OWNG_DCT4(direct, 2)(dst, src);
-        break;
-    case 2:
-        OWNG_DCT4(direct, 4)(dst, src);
-        break;
-    case 3:
-        OWNG_DCT4(direct, 8)(dst, src);
-        break;
-    case 4:
-        OWNG_DCT4(direct, 16)(dst, src);
-        break;
-    case 5:
-        OWNG_DCT4(direct, 32)(dst, src);
-        break;
-    case splitMode:
+    if (self->mode == splitMode) {
         OWNG_DCT4(env3, compute)(itemOf<Env3>(self->env3List), self->scratch, src);
         OWNG_DCT4(env2, compute)(itemOf<Env2>(self->env2List), dst, self->scratch);
-        break;
-    default:
-        return RvnStatusBadMode;
+        return RvnStatusNoError;
     }
+    const DirectBody body = bodiesOf(self->mode).direct;
+    if (body == nullptr)
+        return RvnStatusBadMode;
+    body(dst, src);
     return RvnStatusNoError;
 }

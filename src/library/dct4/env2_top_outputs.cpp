@@ -1,7 +1,6 @@
 // env2: the output rows of the top split. Row q twiddles the values of frequency q of the r
 // sub-sequences and combines them into 2r outputs.
 
-#include "dct4/bodies.h"
 #include "dct4/engine.h"
 #include "dct4/pair_order.h"
 #include "dct4/panels.h"
@@ -29,26 +28,31 @@ std::int64_t tableLength(const Env2* self)
     return std::int64_t{self->rows} * self->rowStep;
 }
 
+// 2 r.
+std::int32_t widthOf(const Env2& self)
+{
+    return 1 << self.mode;
+}
+
+// Rows that do not lie side by side, one by one: never in a plan as it was built.
+[[gnu::cold, gnu::noinline]] void runApart(const Env2& self, Scalar* dst, const Scalar* src,
+                                           const TopRows& rows)
+{
+    for (std::ptrdiff_t q = 0; q < rows.count; ++q)
+        bodiesOf(self.mode).topRow(dst + q, src + self.rowStep * q,
+                                   self.twiddles + widthOf(self) * q,
+                                   {.far = rows.far - 2 * q, .stride = rows.stride, .count = 1});
+}
+
 } // namespace
 
-Env2* OWNG_DCT4(env2, __init__)(Env2* self, Arena* arena, std::int32_t radix, std::int32_t size,
-                                std::int32_t rowStep, std::int32_t rows, std::int32_t sizeCopy,
-                                std::int32_t lastOdd, std::int32_t subSize, EnvFCompose* generator)
+Env2* OWNG_DCT4(env2, __init__)(Env2* self, Arena* arena, const Env2& numbers)
 {
-    *self = {.header = {.object = {OWNG_DCT4(env2, __del__), objectSize<Env2>},
-                        .planFn = OWNG_DCT4(env2, plan),
-                        .arena = arena},
-             .children = newList(arena),
-             .twiddles = nullptr,
-             .mode = 0,
-             .radix = radix,
-             .size = size,
-             .rowStep = rowStep,
-             .rows = rows,
-             .sizeCopy = sizeCopy,
-             .lastOdd = lastOdd,
-             .subSize = subSize,
-             .generator = generator};
+    *self = numbers;
+    self->header = {.object = {OWNG_DCT4(env2, __del__), objectSize<Env2>},
+                    .planFn = OWNG_DCT4(env2, plan),
+                    .arena = arena};
+    self->children = newList(arena);
     return self;
 }
 
@@ -73,35 +77,18 @@ void OWNG_DCT4(env2, __del__)(void* object)
 
 RvnStatus OWNG_DCT4(env2, compute)(const Env2* self, Scalar* dst, const Scalar* src)
 {
+    const TopRowBody body = bodiesOf(self->mode).topRow;
+    if (body == nullptr)
+        return RvnStatusBadMode;
     // The outputs of negative s lie at M (-s) - 1 - q, counted from the far end.
     const std::ptrdiff_t M = self->subSize;
-    const TopRows rows{
-        .far = self->lastOdd - M * (self->rowStep - 1), .stride = M, .count = self->rows};
-    const Scalar* const twiddles = self->twiddles;
-    switch (self->mode) {
-    case 1:
-        OWNG_DCT4(topRow, 1)(dst, src, twiddles, rows);
-        break;
-    case 2:
-        OWNG_DCT4(topRow, 2)(dst, src, twiddles, rows);
-        break;
-    case 3:
-        OWNG_DCT4(topRow, 4)(dst, src, twiddles, rows);
-        break;
-    case 4:
-        OWNG_DCT4(topRow, 8)(dst, src, twiddles, rows);
-        break;
-    case 5:
-        OWNG_DCT4(topRow, 16)(dst, src, twiddles, rows);
-        break;
-    case 6:
-        if (isPowerOfTwo(self->lastOdd) && M >= longStride)
-            storeInLines<OWNG_DCT4(topRow, 32), 32>(dst, src, twiddles, rows);
-        else
-            OWNG_DCT4(topRow, 32)(dst, src, twiddles, rows);
-        break;
-    default:
-        return RvnStatusBadMode;
-    }
+    const std::int32_t width = widthOf(*self);
+    const TopRows rows{.far = self->lastOdd - M * (width - 1), .stride = M, .count = self->rows};
+    if (isStoredInLines(*self))
+        storeInLines(*self, dst, src);
+    else if (self->rowStep == width)
+        body(dst, src, self->twiddles, rows);
+    else
+        runApart(*self, dst, src, rows);
     return RvnStatusNoError;
 }

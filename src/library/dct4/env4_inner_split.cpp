@@ -7,24 +7,49 @@
 
 using namespace rvn::dct4;
 
-Env4* OWNG_DCT4(env4, __init__)(Env4* self, Arena* arena, std::int32_t size, std::int32_t topSize,
-                                std::int32_t topSizeAgain, std::int32_t stride,
-                                std::int32_t parentSize, std::int32_t parentRadix)
+namespace
 {
+
+// The numbers of what lies below an inner split with radix r.
+
+Env6 outputsOf(const Env4& self, std::int32_t r, EnvLambda* generator)
+{
+    const std::int32_t M = self.size;
+    return {.radix = r,
+            .size = M,
+            .rowStep = 2 * r,
+            .rows = M / (2 * r),
+            .parentSize = self.parentSize,
+            .halfSize = M / 2,
+            .lastOdd = M - 1,
+            .parentRadix = self.parentRadix,
+            .subSize = M / r,
+            .generator = generator};
+}
+
+Env7 inputsOf(const Env4& self, std::int32_t r)
+{
+    return {.subSize = self.size / r,
+            .topSize = self.topSize,
+            .topSizeAgain = self.topSizeAgain,
+            .stride = narrowed(std::int64_t{self.stride} * r),
+            .parentStride = self.stride,
+            .count = r,
+            .parentSize = self.size,
+            .parentRadix = r};
+}
+
+} // namespace
+
+Env4* OWNG_DCT4(env4, __init__)(Env4* self, Arena* arena, const Env4& numbers)
+{
+    *self = numbers;
     self->header = {.object = {OWNG_DCT4(env4, __del__), objectSize<Env4>},
                     .planFn = OWNG_DCT4(env4, plan),
                     .arena = arena};
     self->env6List = newList(arena);
     self->env7List = newList(arena);
     self->children = newList(arena);
-    self->scratch = nullptr;
-    self->mode = 0;
-    self->size = size;
-    self->topSize = topSize;
-    self->topSizeAgain = topSizeAgain;
-    self->stride = stride;
-    self->parentSize = parentSize;
-    self->parentRadix = parentRadix;
     return self;
 }
 
@@ -36,28 +61,21 @@ RvnStatus OWNG_DCT4(env4, plan)(void* object)
         return RvnStatusSizeError;
 
     Arena* const arena = self->header.arena;
-    const std::int32_t M = self->size;
     const std::int32_t r = self->radix;
 
     Env6* const env6 = allocate<Env6>(arena);
-    EnvLambda* const generator =
-        OWNG_DCT4(envlambda, __init__)(allocate<EnvLambda>(arena), arena, M, r);
+    EnvLambda* const generator = OWNG_DCT4(envlambda, __init__)(
+        allocate<EnvLambda>(arena), arena, {.numerator = self->size, .denominator = r});
     EnvList_add(self->children, generator);
-    OWNG_DCT4(env6, __init__)
-    (env6, arena, r, M, 2 * r, M / (2 * r), self->parentSize, M / 2, M - 1, self->parentRadix,
-     M / r, generator);
-    EnvList_add(self->env6List, EnvList_add(self->children, env6));
-    if (OWNG_DCT4(env6, plan)(itemOf<Env6>(self->env6List)) != RvnStatusNoError)
+    OWNG_DCT4(env6, __init__)(env6, arena, outputsOf(*self, r, generator));
+    if (addPlanned(env6, self->children, self->env6List, OWNG_DCT4(env6, plan)) != RvnStatusNoError)
         return RvnStatusSizeError;
 
-    Env7* const env7 = OWNG_DCT4(env7, __init__)(
-        allocate<Env7>(arena), arena, M / r, self->topSize, self->topSizeAgain,
-        narrowed(std::int64_t{self->stride} * r), self->stride, r, M, r);
-    EnvList_add(self->env7List, EnvList_add(self->children, env7));
-    if (OWNG_DCT4(env7, plan)(itemOf<Env7>(self->env7List)) != RvnStatusNoError)
+    Env7* const env7 = OWNG_DCT4(env7, __init__)(allocate<Env7>(arena), arena, inputsOf(*self, r));
+    if (addPlanned(env7, self->children, self->env7List, OWNG_DCT4(env7, plan)) != RvnStatusNoError)
         return RvnStatusSizeError;
 
-    self->scratch = allocateElements(arena, M);
+    self->scratch = allocateElements(arena, self->size);
     return RvnStatusNoError;
 }
 
@@ -71,26 +89,13 @@ void OWNG_DCT4(env4, __del__)(void* object)
     releaseChildren(self->children);
 }
 
-std::int32_t OWNG_DCT4(env4, mem)(std::int32_t size, std::int32_t topSize,
-                                  std::int32_t topSizeAgain, std::int32_t stride,
-                                  std::int32_t /*parentSize*/, std::int32_t /*parentRadix*/)
+std::int32_t OWNG_DCT4(env4, mem)(const Env4& numbers)
 {
-    const auto A = rvngAlignSize32Bytes;
-    const auto L = EnvList_add_mem;
+    const std::int32_t M = numbers.size;
     std::int32_t r = 0;
-    if (divisorsIntNonTriv(&r, size / 2) != RvnStatusNoError)
+    if (divisorsIntNonTriv(&r, M / 2) != RvnStatusNoError)
         return RvnStatusSizeError;
-    const std::int64_t rows = size / (2 * r);
-
-    const std::uint64_t outputs =
-        A(bytesOf((2 * r - 2) * rows)) + A(sizeof(Env6)) + A(sizeof(EnvList));
-    if (const std::int32_t bytes = narrowed(static_cast<std::int64_t>(outputs)); bytes < 0)
-        return bytes;
-    const std::int32_t inputs = OWNG_DCT4(env7, mem)(
-        size / r, topSize, topSizeAgain, narrowed(std::int64_t{stride} * r), stride, r, size, r);
-    if (inputs < 0)
-        return inputs;
-    return narrowed(static_cast<std::int64_t>(
-        outputs + static_cast<std::uint64_t>(inputs) + A(bytesOf(size)) + A(sizeof(Env4)) +
-        3 * A(sizeof(EnvList)) + L(2) + A(sizeof(EnvLambda)) + L(1) + L(2)));
+    const std::int64_t rows = M / (2 * r);
+    return bytesOfSplit<Env4, Env6, EnvLambda>(M, (2 * r - 2) * rows,
+                                               OWNG_DCT4(env7, mem)(inputsOf(numbers, r)));
 }

@@ -1,8 +1,8 @@
 // env6: the output rows of an inner split. Row q twiddles the values of frequency q of the r'
 // sub-transforms and combines them by a complex DFT of r' points.
 
-#include "dct4/bodies.h"
 #include "dct4/engine.h"
+#include "dct4/fixed_bodies.h"
 #include "dct4/trigonometry.h"
 
 using namespace rvn::dct4;
@@ -41,26 +41,30 @@ Element* fill(Element* table, const Section& section, std::int32_t rows, const E
     return table;
 }
 
-// Rows of radix 2, 4 and 8 have one section; 16 and 32 run in two stages, r'/4 by 4.
-constexpr Section oneSection(std::int32_t r)
-{
-    return {1, r - 1, Element{2} / static_cast<Element>(r)};
-}
-
+// Rows of radix 2, 4 and 8 run in one stage; 16 and 32 in two, r'/4 by 4, with a section each.
 constexpr Section firstStage(std::int32_t r)
 {
-    return oneSection(r / 4);
+    const std::int32_t radix = r <= 8 ? r : r / 4;
+    return {1, radix - 1, Element{2} / static_cast<Element>(radix)};
 }
 
 constexpr Section secondStage(std::int32_t r)
 {
-    return {r / 4, 3, Element{2} / static_cast<Element>(r)};
+    return r <= 8 ? Section{} : Section{r / 4, 3, Element{2} / static_cast<Element>(r)};
 }
 
 // Of radix 32 the section of the second stage stands first in 32f, and second in 64f.
 constexpr bool secondStageStandsFirst(std::int32_t r)
 {
     return r == 32 && sizeof(Element) == sizeof(float);
+}
+
+void fillTable(Element* table, std::int32_t r, std::int32_t rows, const EnvLambda* generator)
+{
+    const bool isSwapped = secondStageStandsFirst(r);
+    Element* const behind =
+        fill(table, isSwapped ? secondStage(r) : firstStage(r), rows, generator);
+    fill(behind, isSwapped ? firstStage(r) : secondStage(r), rows, generator);
 }
 
 // Where the sections of the two stages begin.
@@ -75,17 +79,20 @@ Stages stagesOf(const Element* table, std::int32_t r, std::int32_t rows)
                                      : Stages{table, table + lengthOf(firstStage(r), rows)};
 }
 
-void fillTable(Element* table, std::int32_t r, std::int32_t rows, const EnvLambda* generator)
+// Rows that do not lie side by side, one by one: never in a plan as it was built.
+[[gnu::cold, gnu::noinline]] void runApart(const Env6& self, Scalar* dst, const Scalar* src,
+                                           const Stages& stages, const InnerRows& rows)
 {
-    if (r <= 8) {
-        fill(table, oneSection(r), rows, generator);
-    } else if (secondStageStandsFirst(r)) {
-        Element* const behind = fill(table, secondStage(r), rows, generator);
-        fill(behind, firstStage(r), rows, generator);
-    } else {
-        Element* const behind = fill(table, firstStage(r), rows, generator);
-        fill(behind, secondStage(r), rows, generator);
-    }
+    const std::int32_t r = 1 << self.mode;
+    const std::ptrdiff_t step = 2 * rows.rowStep;
+    for (std::int32_t q = 0; q < rows.count; ++q)
+        bodiesOf(self.mode).innerRow(dst + step * q, src + std::ptrdiff_t{self.rowStep} * q,
+                                     stages.first + lengthOf(firstStage(r), q),
+                                     stages.second + lengthOf(secondStage(r), q),
+                                     {.far = rows.far - 2 * step * q,
+                                      .stride = rows.stride,
+                                      .rowStep = rows.rowStep,
+                                      .count = 1});
 }
 
 std::int64_t tableLength(const Env6* self)
@@ -95,28 +102,13 @@ std::int64_t tableLength(const Env6* self)
 
 } // namespace
 
-Env6* OWNG_DCT4(env6, __init__)(Env6* self, Arena* arena, std::int32_t radix, std::int32_t size,
-                                std::int32_t rowStep, std::int32_t rows, std::int32_t parentSize,
-                                std::int32_t halfSize, std::int32_t lastOdd,
-                                std::int32_t parentRadix, std::int32_t subSize,
-                                EnvLambda* generator)
+Env6* OWNG_DCT4(env6, __init__)(Env6* self, Arena* arena, const Env6& numbers)
 {
-    *self = {.header = {.object = {OWNG_DCT4(env6, __del__), objectSize<Env6>},
-                        .planFn = OWNG_DCT4(env6, plan),
-                        .arena = arena},
-             .children = newList(arena),
-             .twiddles = nullptr,
-             .mode = 0,
-             .radix = radix,
-             .size = size,
-             .rowStep = rowStep,
-             .rows = rows,
-             .parentSize = parentSize,
-             .halfSize = halfSize,
-             .lastOdd = lastOdd,
-             .parentRadix = parentRadix,
-             .subSize = subSize,
-             .generator = generator};
+    *self = numbers;
+    self->header = {.object = {OWNG_DCT4(env6, __del__), objectSize<Env6>},
+                    .planFn = OWNG_DCT4(env6, plan),
+                    .arena = arena};
+    self->children = newList(arena);
     return self;
 }
 
@@ -144,40 +136,24 @@ RvnStatus OWNG_DCT4(env6, compute)(const Env6* self, Scalar* dst, const Scalar* 
     return OWNG_DCT4(env6, rows)(self, dst + j, src, self->parentRadix);
 }
 
-// Frequency k of the level's transform has its parts at rowStep 2k and rowStep (2k + 1). The mirror
-// images of row q are at k = M2 - 1 - q + M2 s, counted from the far end.
+// Frequency k of the level's transform has its parts at outputStep 2k and outputStep (2k + 1). The
+// mirror images of row q are at k = M2 - 1 - q + M2 s, counted from the far end.
 RvnStatus OWNG_DCT4(env6, rows)(const Env6* self, Scalar* dst, const Scalar* src,
-                                std::ptrdiff_t rowStep)
+                                std::ptrdiff_t outputStep)
 {
-    const std::ptrdiff_t M2 = self->subSize;
-    const std::int32_t r = self->rowStep / 2;
-    const InnerRows rows{.far = 2 * rowStep * (self->lastOdd - M2 * (r - 1)),
-                         .stride = 2 * rowStep * M2,
-                         .rowStep = rowStep,
-                         .count = self->rows};
-    const Element* const table = self->twiddles;
-    switch (self->mode) {
-    case 1:
-        OWNG_DCT4(innerRow, 2)(dst, src, table, nullptr, rows);
-        break;
-    case 2:
-        OWNG_DCT4(innerRow, 4)(dst, src, table, nullptr, rows);
-        break;
-    case 3:
-        OWNG_DCT4(innerRow, 8)(dst, src, table, nullptr, rows);
-        break;
-    case 4: {
-        const auto [first, second] = stagesOf(table, 16, self->rows);
-        OWNG_DCT4(innerRow, 16)(dst, src, first, second, rows);
-        break;
-    }
-    case 5: {
-        const auto [first, second] = stagesOf(table, 32, self->rows);
-        OWNG_DCT4(innerRow, 32)(dst, src, first, second, rows);
-        break;
-    }
-    default:
+    const InnerRowBody body = bodiesOf(self->mode).innerRow;
+    if (body == nullptr)
         return RvnStatusBadMode;
-    }
+    const std::int32_t r = 1 << self->mode;
+    const std::ptrdiff_t M2 = self->subSize;
+    const InnerRows rows{.far = 2 * outputStep * (self->lastOdd - M2 * (r - 1)),
+                         .stride = 2 * outputStep * M2,
+                         .rowStep = outputStep,
+                         .count = self->rows};
+    const Stages stages = stagesOf(self->twiddles, r, self->rows);
+    if (self->rowStep == 2 * r)
+        body(dst, src, stages.first, stages.second, rows);
+    else
+        runApart(*self, dst, src, stages, rows);
     return RvnStatusNoError;
 }

@@ -10,8 +10,9 @@
 //           +-- env6         its output rows
 //           +-- env7         its input side: shorter odd-frequency transforms, like env3
 //
-// The fields marked "plan" are read while planning only. Sizes and offsets are part of the design:
-// what a size query answers is made of them.
+// The fields marked "plan" are read while planning only; a transform goes by the others. What has a
+// default is an object's own; the other fields are the numbers that it is made with. Sizes and
+// offsets are part of the design: what a size query answers is made of them.
 #pragma once
 
 #include "dct4/env_list.h"
@@ -31,14 +32,14 @@ template <typename Element> struct EnvHeader {
 
 // Twiddles of the inner split: the angle factor of row i is (i + 1/2) / (numerator / denominator).
 template <typename Element> struct EnvLambda {
-    EnvHeader<Element> header;
+    EnvHeader<Element> header = {};
     std::int32_t numerator;   // M
     std::int32_t denominator; // its radix
 };
 
 // Twiddles of the top split.
 template <typename Element> struct EnvFCompose {
-    EnvHeader<Element> header;
+    EnvHeader<Element> header = {};
     std::int32_t rowStepCopy;
     std::int32_t angleDivisor; // 8 N
     std::int32_t rows;
@@ -58,10 +59,10 @@ template <typename Element> struct Env1 {
 };
 
 template <typename Element> struct Env2 {
-    EnvHeader<Element> header;
-    EnvList* children; // empty
-    Element* twiddles;
-    std::int32_t mode;
+    EnvHeader<Element> header = {};
+    EnvList* children = nullptr; // empty
+    Element* twiddles = nullptr;
+    std::int32_t mode = 0;
     std::int32_t radix;              // plan
     std::int32_t size;               // plan
     std::int32_t rowStep;            // 2 r
@@ -73,41 +74,41 @@ template <typename Element> struct Env2 {
 };
 
 template <typename Element> struct Env3 {
-    EnvHeader<Element> header;
-    EnvList* children; // owns the env4, if there is one
-    EnvList* env4List;
-    Element* table; // always null
-    std::int32_t mode;
+    EnvHeader<Element> header = {};
+    EnvList* children = nullptr; // owns the env4, if there is one
+    EnvList* env4List = nullptr;
+    Element* table = nullptr; // always null
+    std::int32_t mode = 0;
     std::int32_t subSize;     // M; plan
     std::int32_t topSize;     // plan
     std::int32_t lastOdd;     // 2 N - 1
-    std::int32_t stride;      // 2 r
-    std::int32_t count;       // r
+    std::int32_t stride;      // 2 r, of the elements of a sequence
+    std::int32_t count;       // r, of the sequences
     std::int32_t parentSize;  // plan
-    std::int32_t parentRadix; // plan
+    std::int32_t parentRadix; // r, the row step of its outputs
 };
 
 template <typename Element> struct Env4 {
-    EnvHeader<Element> header;
-    EnvList* children; // owns envlambda, env6, env7
-    EnvList* env6List;
-    EnvList* env7List;
-    Element* scratch; // M elements between env7 and env6
-    std::int32_t mode;
-    std::int32_t size;         // M
-    std::int32_t radix;        // r'
-    std::int32_t topSize;      // plan
-    std::int32_t topSizeAgain; // plan
-    std::int32_t stride;       // plan
-    std::int32_t parentSize;   // plan
-    std::int32_t parentRadix;  // plan
+    EnvHeader<Element> header = {};
+    EnvList* children = nullptr; // owns envlambda, env6, env7
+    EnvList* env6List = nullptr;
+    EnvList* env7List = nullptr;
+    Element* scratch = nullptr; // M elements between env7 and env6
+    std::int32_t mode = 0;      // 1 once planned; of any other mode neither runs
+    std::int32_t size;          // M
+    std::int32_t radix = 0;     // r'; set by plan
+    std::int32_t topSize;       // plan
+    std::int32_t topSizeAgain;  // plan
+    std::int32_t stride;        // plan
+    std::int32_t parentSize;    // plan
+    std::int32_t parentRadix;   // plan
 };
 
 template <typename Element> struct Env6 {
-    EnvHeader<Element> header;
-    EnvList* children; // empty
-    Element* twiddles;
-    std::int32_t mode;
+    EnvHeader<Element> header = {};
+    EnvList* children = nullptr; // empty
+    Element* twiddles = nullptr;
+    std::int32_t mode = 0;
     std::int32_t radix;            // r'; plan
     std::int32_t size;             // plan
     std::int32_t rowStep;          // 2 r'
@@ -121,19 +122,19 @@ template <typename Element> struct Env6 {
 };
 
 template <typename Element> struct Env7 {
-    EnvHeader<Element> header;
-    EnvList* children; // owns the env4, if there is one
-    EnvList* env4List;
-    Element* table; // always null
-    std::int32_t mode;
+    EnvHeader<Element> header = {};
+    EnvList* children = nullptr; // owns the env4, if there is one
+    EnvList* env4List = nullptr;
+    Element* table = nullptr; // always null
+    std::int32_t mode = 0;
     std::int32_t subSize;      // plan
     std::int32_t topSize;      // plan
     std::int32_t topSizeAgain; // plan
     std::int32_t stride;       // of the elements of a sub-sequence
     std::int32_t parentStride; // from one sub-sequence to the next
-    std::int32_t count;        // r'
+    std::int32_t count;        // r', of the sub-sequences
     std::int32_t parentSize;   // plan
-    std::int32_t parentRadix;  // r'
+    std::int32_t parentRadix;  // r', the row step of its outputs
 };
 
 // clang-format off

@@ -6,6 +6,8 @@
 
 #include "dct4/engine.h"
 
+#include <new>
+
 using namespace rvn::dct4;
 
 namespace

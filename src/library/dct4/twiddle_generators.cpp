@@ -8,14 +8,12 @@
 
 using namespace rvn::dct4;
 
-EnvLambda* OWNG_DCT4(envlambda, __init__)(EnvLambda* self, Arena* arena, std::int32_t numerator,
-                                          std::int32_t denominator)
+EnvLambda* OWNG_DCT4(envlambda, __init__)(EnvLambda* self, Arena* arena, const EnvLambda& numbers)
 {
-    *self = {.header = {.object = {OWNG_DCT4(envlambda, __del__), objectSize<EnvLambda>},
-                        .atFn = OWNG_DCT4(envlambda, at),
-                        .arena = arena},
-             .numerator = numerator,
-             .denominator = denominator};
+    *self = numbers;
+    self->header = {.object = {OWNG_DCT4(envlambda, __del__), objectSize<EnvLambda>},
+                    .atFn = OWNG_DCT4(envlambda, at),
+                    .arena = arena};
     return self;
 }
 
@@ -28,18 +26,12 @@ Element OWNG_DCT4(envlambda, at)(const void* self, std::int32_t i, std::int32_t 
 }
 
 EnvFCompose* OWNG_DCT4(envfCompose, __init__)(EnvFCompose* self, Arena* arena,
-                                              std::int32_t rowStepCopy, std::int32_t angleDivisor,
-                                              std::int32_t rows, std::int32_t radix,
-                                              std::int32_t rowStep)
+                                              const EnvFCompose& numbers)
 {
-    *self = {.header = {.object = {OWNG_DCT4(envfCompose, __del__), objectSize<EnvFCompose>},
-                        .atFn = OWNG_DCT4(envfCompose, at),
-                        .arena = arena},
-             .rowStepCopy = rowStepCopy,
-             .angleDivisor = angleDivisor,
-             .rows = rows,
-             .radix = radix,
-             .rowStep = rowStep};
+    *self = numbers;
+    self->header = {.object = {OWNG_DCT4(envfCompose, __del__), objectSize<EnvFCompose>},
+                    .atFn = OWNG_DCT4(envfCompose, at),
+                    .arena = arena};
     return self;
 }
 
