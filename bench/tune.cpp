@@ -1,16 +1,14 @@
-// rvngenmx_tune: which of several builds of the library has the fastest form of each kernel.
+// rvngenmx_tune: how several builds of the library compare, kernel by kernel and in the mean.
 //
-//   rvngenmx_tune TABLE ORDER/OPTIONS=LIBRARY...
+//   rvngenmx_tune LIST NAME=LIBRARY NAME=LIBRARY...
 //
-// Prints the table anew: its comments, its default lines and the lines of kernels that are not
-// measured as they are, and a line for every kernel that is faster in another form than in the
-// default one by more than the noise. The libraries are those that tools/tune builds, a form each.
+// The list is cmake/kernels.tsv, the libraries are builds by different tuning rules. Prints, by
+// family and precision, the time of each library beside the first in the geometric mean, then the
+// kernels that differ by more than a rule of their own would have to gain.
 //
 // A time is the least of many short runs, the libraries taking turns: the machine may be shared.
 // Each library is loaded from several copies of its file, since now and then the pages of one file
 // make a kernel slower by a multiple, and those of its copy do not.
-
-#include "tuned_kernels.h"
 
 #include <algorithm>
 #include <array>
@@ -21,15 +19,15 @@
 #include <filesystem>
 #include <fstream>
 #include <map>
+#include <numeric>
 #include <span>
 #include <sstream>
 #include <stdexcept>
-#include <unistd.h>
+#include <string>
+#include <vector>
 
 #include <dlfcn.h>
-
-namespace rvn::bench
-{
+#include <unistd.h>
 
 namespace
 {
@@ -37,18 +35,27 @@ namespace
 namespace fs = std::filesystem;
 
 constexpr int copies = 3;
-constexpr int rounds = 80;
+constexpr int rounds = 40;
 constexpr double runSeconds = 15e-6;
-constexpr double noise = 0.015; // a gain that is not worth a line
-constexpr double tie = 0.005;   // between forms, of which the first is taken
+constexpr double worthARule = 0.05;
 constexpr std::size_t bufferBytes = 1 << 18;
 
-using Kernel = void*; // the address; a kernel takes a buffer or does not
+struct Kernel {
+    std::string name;
+    std::vector<std::string> functions;
 
-struct Form {
-    std::string order;
-    std::string options;
-    std::vector<void*> libraries; // the copies
+    bool isDouble() const { return name.find("_64f") != std::string::npos; }
+    bool takesBuffer() const { return name.starts_with("wht"); }
+
+    std::string family() const
+    {
+        return name.substr(0, name.find_first_of("0123456789")) + (isDouble() ? "64" : "32");
+    }
+};
+
+struct Library {
+    std::string name;
+    std::vector<void*> copies;
 };
 
 // Copies live as long as the program: their names are removed at once. Each has a name of its own,
@@ -72,22 +79,25 @@ std::vector<void*> openCopies(const fs::path& library)
     return handles;
 }
 
-Form formOf(const std::string& argument)
+// The exported kernels: those of the DCT-IV engine have no name outside.
+std::vector<Kernel> readList(const fs::path& path)
 {
-    const std::size_t slash = argument.find('/');
-    const std::size_t equals = argument.find('=');
-    if (slash == std::string::npos || equals == std::string::npos || equals < slash)
-        throw std::invalid_argument("not ORDER/OPTIONS=LIBRARY: " + argument);
-    return {argument.substr(0, slash), argument.substr(slash + 1, equals - slash - 1),
-            openCopies(argument.substr(equals + 1))};
-}
-
-Kernel kernelOf(void* library, const std::string& name)
-{
-    void* const symbol = dlsym(library, name.c_str());
-    if (symbol == nullptr)
-        throw std::runtime_error("no function " + name);
-    return symbol;
+    std::ifstream file(path);
+    if (!file)
+        throw std::runtime_error("cannot read " + path.string());
+    std::vector<Kernel> kernels;
+    for (std::string line; std::getline(file, line);) {
+        std::istringstream columns(line);
+        std::string kernel, options, functions;
+        columns >> kernel >> options >> functions;
+        if (!functions.starts_with("rvng"))
+            continue;
+        std::istringstream names(functions);
+        kernels.push_back({fs::path(kernel).stem().string(), {}});
+        for (std::string name; std::getline(names, name, ',');)
+            kernels.back().functions.push_back(name);
+    }
+    return kernels;
 }
 
 struct Buffers {
@@ -109,8 +119,12 @@ void fill(Buffers& buffers, bool isDouble)
     }
 }
 
-double secondsOf(Kernel kernel, bool takesBuffer, Buffers& buffers, int calls)
+double secondsOf(void* library, const std::string& name, bool takesBuffer, Buffers& buffers,
+                 int calls)
 {
+    void* const kernel = dlsym(library, name.c_str());
+    if (kernel == nullptr)
+        throw std::runtime_error("no function " + name);
     const auto plain = reinterpret_cast<int (*)(const void*, void*, int)>(kernel);
     const auto buffered = reinterpret_cast<int (*)(const void*, void*, int, void*)>(kernel);
     constexpr int scaleNone = 8;
@@ -124,110 +138,84 @@ double secondsOf(Kernel kernel, bool takesBuffer, Buffers& buffers, int calls)
     return std::chrono::duration<double>(std::chrono::steady_clock::now() - begin).count() / calls;
 }
 
-// The time of a kernel's functions in each form.
-std::vector<double> measure(const TunedKernel& kernel, const std::vector<Form>& forms,
+// The time of a kernel's functions in each library.
+std::vector<double> measure(const Kernel& kernel, std::span<const Library> libraries,
                             Buffers& buffers)
 {
-    std::vector<double> sums(forms.size());
+    std::vector<double> sums(libraries.size());
     for (const std::string& name : kernel.functions) {
+        const auto time = [&](void* library, int calls) {
+            return secondsOf(library, name, kernel.takesBuffer(), buffers, calls);
+        };
         int calls = 1;
-        while (
-            secondsOf(kernelOf(forms[0].libraries[0], name), kernel.takesBuffer, buffers, calls) *
-                calls <
-            runSeconds)
+        while (time(libraries[0].copies[0], calls) * calls < runSeconds)
             calls *= 2;
-        std::vector<double> least(forms.size(), 1);
+        std::vector<double> least(libraries.size(), 1);
         for (int round = 0; round < rounds; ++round)
             for (int copy = 0; copy < copies; ++copy)
-                for (std::size_t f = 0; f < forms.size(); ++f)
-                    least[f] =
-                        std::min(least[f], secondsOf(kernelOf(forms[f].libraries[copy], name),
-                                                     kernel.takesBuffer, buffers, calls));
-        for (std::size_t f = 0; f < forms.size(); ++f)
-            sums[f] += least[f];
+                for (std::size_t i = 0; i < libraries.size(); ++i)
+                    least[i] = std::min(least[i], time(libraries[i].copies[copy], calls));
+        for (std::size_t i = 0; i < libraries.size(); ++i)
+            sums[i] += least[i];
     }
     return sums;
 }
 
-struct Line {
-    std::string kernel;
-    std::string order;
-    std::string options;
-};
-
-std::string textOf(const Line& line)
+void compare(const std::vector<Kernel>& kernels, std::span<const Library> libraries)
 {
-    std::array<char, 160> text{};
-    std::snprintf(text.data(), text.size(), "%-24s %-16s %s", line.kernel.c_str(),
-                  line.order.c_str(), line.options.c_str());
-    return text.data();
-}
-
-void tune(const fs::path& table, const std::vector<Form>& forms)
-{
-    const std::vector<TunedKernel> kernels = tunedKernels();
-    std::map<std::string, Line> defaults;
-    std::vector<Line> kept;
-    std::ifstream file(table);
-    if (!file)
-        throw std::runtime_error("cannot read " + table.string());
-    for (std::string text; std::getline(file, text);) {
-        if (text.empty())
-            continue;
-        std::istringstream words(text);
-        Line line;
-        words >> line.kernel >> line.order >> line.options;
-        if (text.starts_with("#"))
-            std::puts(text.c_str());
-        else if (line.kernel.starts_with("default_"))
-            defaults[line.kernel] = line;
-        else if (std::ranges::find(kernels, line.kernel, &TunedKernel::file) == kernels.end())
-            kept.push_back(line);
-    }
-    for (const auto& [name, line] : defaults)
-        std::puts(textOf(line).c_str());
-
     static Buffers buffers;
-    std::size_t timed = 0;
-    for (const TunedKernel& kernel : kernels) {
-        fill(buffers, kernel.isDouble);
-        const Line& byDefault = defaults.at(kernel.isDouble ? "default_64" : "default_32");
-        const auto isDefault = [&](const Form& form) {
-            return form.order == byDefault.order && form.options == byDefault.options;
-        };
-        const auto defaultForm = std::ranges::find_if(forms, isDefault);
-        if (defaultForm == forms.end())
-            throw std::runtime_error("no library has the default form");
-        const std::vector<double> seconds = measure(kernel, forms, buffers);
-        const double least = std::ranges::min(seconds);
-        const auto best = std::ranges::find_if(
-                              seconds, [&](double value) { return value <= least * (1 + tie); }) -
-                          seconds.begin();
-        const double gain = seconds[defaultForm - forms.begin()] / seconds[best] - 1;
-        if (gain > noise)
-            std::puts(textOf({kernel.file, forms[best].order, forms[best].options}).c_str());
-        std::fprintf(stderr, "%4zu of %zu: %-22s %9.1f ns  %s %s  %+.1f %%\n", ++timed,
-                     kernels.size(), kernel.file.c_str(), seconds[best] * 1e9,
-                     forms[best].order.c_str(), forms[best].options.c_str(), 100 * gain);
+    std::map<std::string, std::vector<std::vector<double>>> byFamily; // logarithms of ratios
+    std::string apart;
+    for (const Kernel& kernel : kernels) {
+        fill(buffers, kernel.isDouble());
+        const std::vector<double> seconds = measure(kernel, libraries, buffers);
+        std::vector<double> logarithms;
+        std::ostringstream line;
+        line.precision(3);
+        line << kernel.name;
+        for (const double one : seconds) {
+            logarithms.push_back(std::log(one / seconds[0]));
+            line << "\t" << one / seconds[0];
+        }
+        byFamily[kernel.family()].push_back(logarithms);
+        const auto [least, most] = std::ranges::minmax(seconds);
+        if (most > least * (1 + worthARule))
+            apart += line.str() + "\n";
+        std::fprintf(stderr, "\r%-24s", kernel.name.c_str());
     }
-    for (const Line& line : kept)
-        std::puts(textOf(line).c_str());
+    std::fprintf(stderr, "\n");
+    std::printf("time beside %s\n", libraries[0].name.c_str());
+    for (const auto& [family, rows] : byFamily) {
+        std::printf("%-18s", family.c_str());
+        for (std::size_t i = 1; i < libraries.size(); ++i) {
+            const double sum = std::accumulate(
+                rows.begin(), rows.end(), 0.0,
+                [i](double total, const std::vector<double>& row) { return total + row[i]; });
+            std::printf("  %s %.3f", libraries[i].name.c_str(),
+                        std::exp(sum / static_cast<double>(rows.size())));
+        }
+        std::printf("\n");
+    }
+    std::printf("\nkernels more than %.0f %% apart\n%s", 100 * worthARule, apart.c_str());
 }
 
 } // namespace
-
-} // namespace rvn::bench
 
 int main(int count, char* arguments[])
 {
     try {
         const std::span<char* const> all(arguments, static_cast<std::size_t>(count));
         if (all.size() < 4)
-            throw std::invalid_argument("usage: rvngenmx_tune TABLE ORDER/OPTIONS=LIBRARY...");
-        std::vector<rvn::bench::Form> forms;
-        for (const char* const argument : all.subspan(2))
-            forms.push_back(rvn::bench::formOf(argument));
-        rvn::bench::tune(all[1], forms);
+            throw std::invalid_argument("usage: rvngenmx_tune LIST NAME=LIBRARY NAME=LIBRARY...");
+        std::vector<Library> libraries;
+        for (const std::string argument : all.subspan(2)) {
+            const std::size_t equals = argument.find('=');
+            if (equals == std::string::npos)
+                throw std::invalid_argument("not NAME=LIBRARY: " + argument);
+            libraries.push_back(
+                {argument.substr(0, equals), openCopies(argument.substr(equals + 1))});
+        }
+        compare(readList(all[1]), libraries);
         return 0;
     } catch (const std::exception& error) {
         std::fprintf(stderr, "rvngenmx_tune: %s\n", error.what());
