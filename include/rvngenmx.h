@@ -154,7 +154,7 @@ RVNG_API const RvnLibraryVersion* rvngenGetLibVersion(void);
 
 /** @} */
 
-/* ---- Declaring one function for every length ------------------------------------------------ */
+/* ---- A list of every length ------------------------------------------------------------------ */
 
 /** RVNG_LENGTHS_2_TO_64(M, a, b, c) is M(2, a, b, c) M(3, a, b, c) ... M(64, a, b, c). */
 /* clang-format off */
@@ -179,28 +179,6 @@ RVNG_API const RvnLibraryVersion* rvngenGetLibVersion(void);
     M(7, a, b, c) M(8, a, b, c) M(9, a, b, c) M(10, a, b, c) M(11, a, b, c) M(12, a, b, c)         \
     M(13, a, b, c)
 /* clang-format on */
-
-/* RVNG_DECLARE_TRANSFORM declares a dispatcher and the kernels of all lengths. The comments in the
- * macros are those of every function in the reference that tools/reference makes: Doxygen puts in
- * the length and the transform, whose own comment it copies. */
-#define RVNG_DECLARE_KERNEL(N, transform, suffix, element)                                         \
-    /** @brief The kernel for N points */                                                          \
-    /** @copydetails transform */                                                                  \
-    /** @param src the input @param dst the output @param flag selects S: see #RvnScaleFlag */     \
-    /** @return #RvnStatusNoError; if refused, #RvnStatusNullPointer, #RvnStatusFlagError */       \
-    RVNG_API RvnStatus transform##_##N##_##suffix(const element* src, element* dst,                \
-                                                  RvnScaleFlag flag);
-#define RVNG_DECLARE_DISPATCHER(transform, suffix, element)                                        \
-    /** @brief The dispatcher: jumps to the kernel of length len, 2 to 64 */                       \
-    /** @copydetails transform */                                                                  \
-    /** @param src the input @param dst the output @param len the length N */                      \
-    /** @param flag selects S: see #RvnScaleFlag */                                                \
-    /** @return #RvnStatusSizeError for another length, else the kernel's status */                \
-    RVNG_API RvnStatus transform##_##suffix(const element* src, element* dst, int32_t len,         \
-                                            RvnScaleFlag flag);
-#define RVNG_DECLARE_TRANSFORM(transform, suffix, element)                                         \
-    RVNG_DECLARE_DISPATCHER(transform, suffix, element)                                            \
-    RVNG_LENGTHS_2_TO_64(RVNG_DECLARE_KERNEL, transform, suffix, element)
 
 /* ---- Complex DFT ---------------------------------------------------------------------------- */
 
@@ -231,11 +209,7 @@ RVNG_API const RvnLibraryVersion* rvngenGetLibVersion(void);
  *     dst[k] = S * sum over n of src[n] * exp(-2 pi i n k / N),  k and n from 0 to N - 1
  *
  * src and dst hold N elements each.
- * @{
  */
-RVNG_DECLARE_TRANSFORM(rvngDFTFwd_CToC, 32fc, Rvn32fc)
-RVNG_DECLARE_TRANSFORM(rvngDFTFwd_CToC, 64fc, Rvn64fc)
-/** @} */
 
 /**
  * @defgroup rvngDFTInv_CToC Complex DFT, inverse
@@ -244,11 +218,7 @@ RVNG_DECLARE_TRANSFORM(rvngDFTFwd_CToC, 64fc, Rvn64fc)
  *     dst[n] = S * sum over k of src[k] * exp(+2 pi i n k / N),  n and k from 0 to N - 1
  *
  * src and dst hold N elements each.
- * @{
  */
-RVNG_DECLARE_TRANSFORM(rvngDFTInv_CToC, 32fc, Rvn32fc)
-RVNG_DECLARE_TRANSFORM(rvngDFTInv_CToC, 64fc, Rvn64fc)
-/** @} */
 
 /** @} */
 
@@ -301,11 +271,7 @@ RVNG_DECLARE_TRANSFORM(rvngDFTInv_CToC, 64fc, Rvn64fc)
  *     dst   R(0) 0 R(1) I(1) ..., each times S: N + 2 elements for even, N + 1 for odd N
  *
  * R(k) + i I(k) = sum over n of x[n] exp(-2 pi i n k / N); slot by slot: @ref real_dft.
- * @{
  */
-RVNG_DECLARE_TRANSFORM(rvngDFTFwd_RToCCS, 32f, float)
-RVNG_DECLARE_TRANSFORM(rvngDFTFwd_RToCCS, 64f, double)
-/** @} */
 
 /**
  * @defgroup rvngDFTFwd_RToPack Real DFT, forward, to Pack
@@ -315,11 +281,7 @@ RVNG_DECLARE_TRANSFORM(rvngDFTFwd_RToCCS, 64f, double)
  *     dst   R(0) R(1) I(1) ..., for even N R(N/2) last, each times S: N elements
  *
  * R(k) + i I(k) = sum over n of x[n] exp(-2 pi i n k / N); slot by slot: @ref real_dft.
- * @{
  */
-RVNG_DECLARE_TRANSFORM(rvngDFTFwd_RToPack, 32f, float)
-RVNG_DECLARE_TRANSFORM(rvngDFTFwd_RToPack, 64f, double)
-/** @} */
 
 /**
  * @defgroup rvngDFTFwd_RToPerm Real DFT, forward, to Perm
@@ -329,11 +291,7 @@ RVNG_DECLARE_TRANSFORM(rvngDFTFwd_RToPack, 64f, double)
  *     dst   R(0) R(N/2) R(1) I(1) ..., without R(N/2) for odd N, each times S: N elements
  *
  * R(k) + i I(k) = sum over n of x[n] exp(-2 pi i n k / N); slot by slot: @ref real_dft.
- * @{
  */
-RVNG_DECLARE_TRANSFORM(rvngDFTFwd_RToPerm, 32f, float)
-RVNG_DECLARE_TRANSFORM(rvngDFTFwd_RToPerm, 64f, double)
-/** @} */
 
 /**
  * @defgroup rvngDFTInv_CCSToR Real DFT, inverse, from CCS
@@ -343,11 +301,7 @@ RVNG_DECLARE_TRANSFORM(rvngDFTFwd_RToPerm, 64f, double)
  *     dst   the signal y: N elements
  *
  * The sum that y is, and the layout slot by slot: @ref real_dft.
- * @{
  */
-RVNG_DECLARE_TRANSFORM(rvngDFTInv_CCSToR, 32f, float)
-RVNG_DECLARE_TRANSFORM(rvngDFTInv_CCSToR, 64f, double)
-/** @} */
 
 /**
  * @defgroup rvngDFTInv_PackToR Real DFT, inverse, from Pack
@@ -357,11 +311,7 @@ RVNG_DECLARE_TRANSFORM(rvngDFTInv_CCSToR, 64f, double)
  *     dst   the signal y: N elements
  *
  * The sum that y is, and the layout slot by slot: @ref real_dft.
- * @{
  */
-RVNG_DECLARE_TRANSFORM(rvngDFTInv_PackToR, 32f, float)
-RVNG_DECLARE_TRANSFORM(rvngDFTInv_PackToR, 64f, double)
-/** @} */
 
 /**
  * @defgroup rvngDFTInv_PermToR Real DFT, inverse, from Perm
@@ -371,11 +321,7 @@ RVNG_DECLARE_TRANSFORM(rvngDFTInv_PackToR, 64f, double)
  *     dst   the signal y: N elements
  *
  * The sum that y is, and the layout slot by slot: @ref real_dft.
- * @{
  */
-RVNG_DECLARE_TRANSFORM(rvngDFTInv_PermToR, 32f, float)
-RVNG_DECLARE_TRANSFORM(rvngDFTInv_PermToR, 64f, double)
-/** @} */
 
 /** @} */
 
@@ -389,15 +335,7 @@ RVNG_DECLARE_TRANSFORM(rvngDFTInv_PermToR, 64f, double)
  *
  * src and dst hold N elements each. The kernels are those of the real DFT with a layer of additions
  * on their outputs or on their inputs. Statuses, aliasing, threads: see @ref conventions.
- * @{
  */
-RVNG_DECLARE_TRANSFORM(rvngHartley, 32f, float)
-RVNG_DECLARE_TRANSFORM(rvngHartley, 64f, double)
-/** @} */
-
-#undef RVNG_DECLARE_TRANSFORM
-#undef RVNG_DECLARE_DISPATCHER
-#undef RVNG_DECLARE_KERNEL
 
 /* ---- Walsh-Hadamard transform --------------------------------------------------------------- */
 
@@ -429,29 +367,11 @@ RVNG_DECLARE_TRANSFORM(rvngHartley, 64f, double)
 RVNG_API RvnStatus rvngWHTGetBufferSize_32f(int32_t order, int32_t* size);
 /** @copydoc rvngWHTGetBufferSize_32f */
 RVNG_API RvnStatus rvngWHTGetBufferSize_64f(int32_t order, int32_t* size);
-
-#define RVNG_DECLARE_WHT_KERNEL(k, suffix, element, unused)                                        \
-    /** @brief The kernel for order k in natural order */                                          \
-    /** @copydetails rvngWHT */                                                                    \
-    /** @param src the input @param dst the output @param flag selects S: see #RvnScaleFlag */     \
-    /** @param buffer work memory, or null */                                                      \
-    /** @return #RvnStatusNoError; if refused, #RvnStatusNullPointer, #RvnStatusFlagError */       \
-    RVNG_API RvnStatus rvngWHT_##k##_##suffix(const element* src, element* dst, RvnScaleFlag flag, \
-                                              void* buffer);
-#define RVNG_DECLARE_WHT(suffix, element)                                                          \
-    /** @brief The dispatcher: jumps to the kernel of order `order`, 1 to 13 */                    \
-    /** @copydetails rvngWHT */                                                                    \
-    /** @param src the input @param dst the output @param order the order k */                     \
-    /** @param flag selects S: see #RvnScaleFlag @param buffer work memory, or null */             \
-    /** @return #RvnStatusSizeError for another order, else the kernel's status */                 \
-    RVNG_API RvnStatus rvngWHT_##suffix(const element* src, element* dst, int32_t order,           \
-                                        RvnScaleFlag flag, void* buffer);                          \
-    RVNG_ORDERS_1_TO_13(RVNG_DECLARE_WHT_KERNEL, suffix, element, unused)
-RVNG_DECLARE_WHT(32f, float)
-RVNG_DECLARE_WHT(64f, double)
-#undef RVNG_DECLARE_WHT
-#undef RVNG_DECLARE_WHT_KERNEL
 /** @} */
+
+/* ---- The functions of every length ---------------------------------------------------------- */
+
+#include "rvngenmx_functions.h"
 
 /* ---- DCT-IV --------------------------------------------------------------------------------- */
 

@@ -15,7 +15,8 @@ GeneratedFile generate(const Kernel& kernel, const Tuning& tuning);
 std::string statistics(const Kernel& kernel, const Tuning& tuning);
 extern const char* const statisticsHead;
 
-// Its line of cmake/kernels.tsv, the list that the build and the tools read: file, options, functions.
+// Its line of cmake/kernels.tsv, the list that the build and the tools read: file, options,
+// functions.
 std::string listed(const Kernel& kernel, const Tuning& tuning);
 
 } // namespace rvn::generator

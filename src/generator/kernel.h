@@ -31,6 +31,7 @@ enum class WorkMemory : std::uint8_t { None, Ignored, Used };
 // An exported function, and the factors that its flags select.
 struct Exported {
     std::string name;
+    std::string title;       // "Real DFT, forward, to CCS"
     std::string elementType; // of its prototype: Rvn64fc and the like
     ScaleFactors scale;
     WorkMemory workMemory = WorkMemory::None;

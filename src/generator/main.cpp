@@ -4,6 +4,7 @@
 
 #include "generator/families.h"
 #include "generator/generate.h"
+#include "generator/text/prototypes.h"
 
 #include <algorithm>
 #include <exception>
@@ -15,11 +16,12 @@ namespace
 using namespace rvn::generator;
 
 constexpr const char* usage =
-    "usage: rvnkernelgen --tuning FILE --out DIR | --list | --statistics\n"
+    "usage: rvnkernelgen --tuning FILE --out DIR | --list | --statistics | --prototypes\n"
     "\n"
     "  --out DIR      write every kernel below DIR, a folder a family\n"
     "  --list         print a line a kernel: its file, its compiler options, its functions\n"
     "  --statistics   print a line a kernel: method, operations, conversions, order\n"
+    "  --prototypes   print the public header of every kernel\n"
     "  --tuning FILE  the rules of which order and which options a kernel takes\n";
 
 void writeKernels(const std::filesystem::path& folder, const std::vector<Kernel>& kernels,
@@ -55,7 +57,8 @@ int run(const std::vector<std::string>& arguments)
     }
     const std::string task = count > 2 && arguments[0] == "--tuning" ? arguments[2] : "";
     const bool isWriting = task == "--out" && count == 4;
-    if (!isWriting && !((task == "--list" || task == "--statistics") && count == 3)) {
+    const bool isPrinting = task == "--list" || task == "--statistics" || task == "--prototypes";
+    if (!isWriting && !(isPrinting && count == 3)) {
         std::cerr << usage;
         return 2;
     }
@@ -70,8 +73,10 @@ int run(const std::vector<std::string>& arguments)
         writeKernels(arguments[3], kernels, tuning);
     else if (task == "--list")
         printList(kernels, tuning);
-    else
+    else if (task == "--statistics")
         printStatistics(kernels, tuning);
+    else
+        std::cout << prototypesText(kernels);
     return std::cout.flush() ? 0 : 1;
 }
 

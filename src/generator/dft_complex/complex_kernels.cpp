@@ -58,8 +58,12 @@ Kernel complexKernel(const ComplexPlan& plan, Format format)
             .parts = {{graphOf(plan.stage)}},
             .row = {.additions = plan.additions, .multiplications = plan.multiplications + 2 * N},
             .functions = std::vector<StraightLine>{
-                {{"rvngDFTFwd_CToC" + suffix, elementType, forwardScale(N)}, plain, plain},
-                {{"rvngDFTInv_CToC" + suffix, elementType, inverseScale(N)}, crossed, crossed}}};
+                {{"rvngDFTFwd_CToC" + suffix, "Complex DFT, forward", elementType, forwardScale(N)},
+                 plain,
+                 plain},
+                {{"rvngDFTInv_CToC" + suffix, "Complex DFT, inverse", elementType, inverseScale(N)},
+                 crossed,
+                 crossed}}};
 }
 
 } // namespace rvn::generator

@@ -62,11 +62,12 @@ Kernel forwardRealKernel(const ForwardPlan& plan, Format format)
     std::vector<StraightLine> functions;
     for (const Layout layout : everyLayout) {
         const PackedLayout packed = packedLayout(layout, N);
-        functions.push_back({{"rvngDFTFwd_RTo" + nameOf(layout) + suffixOf(N, format),
-                              elementTypeOf(format), forwardScale(N)},
-                             plainSlots(N),
-                             packed.valueSlot,
-                             packed.zeroSlot});
+        functions.push_back(
+            {{"rvngDFTFwd_RTo" + nameOf(layout) + suffixOf(N, format),
+              "Real DFT, forward, to " + nameOf(layout), elementTypeOf(format), forwardScale(N)},
+             plainSlots(N),
+             packed.valueSlot,
+             packed.zeroSlot});
     }
     return {.family = "dft_real",
             .name = "dft_real_fwd" + suffixOf(N, format),
@@ -86,10 +87,11 @@ Kernel inverseRealKernel(const InversePlan& plan, Format format)
     const int N = plan.stage.length;
     std::vector<StraightLine> functions;
     for (const Layout layout : everyLayout)
-        functions.push_back({{"rvngDFTInv_" + nameOf(layout) + "ToR" + suffixOf(N, format),
-                              elementTypeOf(format), inverseScale(N)},
-                             packedLayout(layout, N).valueSlot,
-                             plainSlots(N)});
+        functions.push_back(
+            {{"rvngDFTInv_" + nameOf(layout) + "ToR" + suffixOf(N, format),
+              "Real DFT, inverse, from " + nameOf(layout), elementTypeOf(format), inverseScale(N)},
+             packedLayout(layout, N).valueSlot,
+             plainSlots(N)});
     return {.family = "dft_real",
             .name = "dft_real_inv" + suffixOf(N, format),
             .transform = "inverse real DFT of length " + std::to_string(N),

@@ -60,10 +60,10 @@ Kernel hartleyKernel(const HartleyPlan& plan, Format format)
             .format = format,
             .parts = {{graph}},
             .row = {.additions = plan.additions, .multiplications = plan.multiplications},
-            .functions = std::vector<StraightLine>{
-                {{"rvngHartley" + suffix, elementTypeOf(format), selfInverseScale(N)},
-                 plainSlots(N),
-                 plainSlots(N)}}};
+            .functions = std::vector<StraightLine>{{{"rvngHartley" + suffix, "Hartley transform",
+                                                     elementTypeOf(format), selfInverseScale(N)},
+                                                    plainSlots(N),
+                                                    plainSlots(N)}}};
 }
 
 } // namespace rvn::generator

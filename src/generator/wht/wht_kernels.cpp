@@ -41,7 +41,8 @@ Kernel walshHadamardKernel(int order, Format format)
                   .method = "butterflies",
                   .format = format,
                   .row = {.additions = order * N, .multiplications = N}};
-    const Exported exported{"rvngWHT" + suffix, elementTypeOf(format), selfInverseScale(N),
+    const Exported exported{"rvngWHT" + suffix, "Walsh-Hadamard transform", elementTypeOf(format),
+                            selfInverseScale(N),
                             isStraight ? WorkMemory::Ignored : WorkMemory::Used};
     if (isStraight) {
         kernel.parts = {{graphOf(order)}};
