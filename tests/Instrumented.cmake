@@ -10,10 +10,12 @@ set(straightLines "/kernels/(dft|hartley)")
 # transform with its buffer, and the dispatchers.
 function(sanitized_engine)
     instrumented_library(sanitized_library ${straightLines} -O1 -g1 ${sanitizers})
-    set(tests dct4_accuracy_test dct4_plan_test dct4_tree_test dct4_uneven_size_test dispatch_test
-              wht_test test_kernels)
-    list(TRANSFORM tests REPLACE "(.+)" "$<TARGET_OBJECTS:\\1>")
-    add_executable(sanitized_test ${tests})
+    # Of each test its own object, and not those of the library that it may hold as well.
+    foreach(test IN ITEMS dct4_accuracy_test dct4_edited_plan_test dct4_plan_test dct4_tree_test
+                          dispatch_test wht_test test_kernels)
+        list(APPEND objects $<FILTER:$<TARGET_OBJECTS:${test}>,EXCLUDE,src/library/>)
+    endforeach()
+    add_executable(sanitized_test ${objects})
     set_target_properties(sanitized_test PROPERTIES LINKER_LANGUAGE CXX)
     target_link_options(sanitized_test PRIVATE ${sanitizers})
     target_link_libraries(sanitized_test PRIVATE sanitized_library GTest::gtest_main)
@@ -31,7 +33,7 @@ function(sanitized_generator)
     target_link_options(sanitized_generator PRIVATE ${sanitizers})
     set(folder ${CMAKE_CURRENT_BINARY_DIR}/sanitized_kernels)
     add_test(NAME sanitized_kernels
-        COMMAND sh -c "rm -rf \"$1\" && \"$0\" --out \"$1\" --tuning \"$2\" && diff -r -x '*.stamp' \"$1\" \"$3\""
+        COMMAND sh -c "rm -rf \"$1\" && \"$0\" --tuning \"$2\" --out \"$1\" && diff -r -x '*.stamp' \"$1\" \"$3\""
                 $<TARGET_FILE:sanitized_generator> ${folder} ${RVNGENMX_TUNING}
                 ${PROJECT_BINARY_DIR}/kernels)
 endfunction()
