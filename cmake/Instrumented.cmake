@@ -16,8 +16,8 @@ function(instrumented_objects name target except)
     target_compile_options(${name} PRIVATE ${ARGN})
 endfunction()
 
-# instrumented_library(NAME EXCEPT OPTION...): both libraries so, as one archive, and behind it the
-# archive that has the rest.
+# instrumented_library(NAME EXCEPT OPTION...): both libraries so, as one archive. What it lacks comes
+# from rvngenmx_static, named after it.
 function(instrumented_library name except)
     add_library(${name} STATIC)
     foreach(objects IN ITEMS rvncore_objects rvngenmx_objects rvngenmx_dct4_32f rvngenmx_dct4_64f)
@@ -25,5 +25,5 @@ function(instrumented_library name except)
         target_sources(${name} PRIVATE $<TARGET_OBJECTS:${name}_${objects}>)
     endforeach()
     set_target_properties(${name} PROPERTIES LINKER_LANGUAGE CXX)
-    target_link_libraries(${name} PUBLIC rvngenmx_static)
+    target_link_libraries(${name} PUBLIC m)
 endfunction()

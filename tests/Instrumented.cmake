@@ -18,7 +18,8 @@ function(sanitized_engine)
     add_executable(sanitized_test ${objects})
     set_target_properties(sanitized_test PROPERTIES LINKER_LANGUAGE CXX)
     target_link_options(sanitized_test PRIVATE ${sanitizers})
-    target_link_libraries(sanitized_test PRIVATE sanitized_library GTest::gtest_main)
+    target_link_libraries(sanitized_test PRIVATE
+        sanitized_library rvngenmx_static GTest::gtest_main)
     gtest_discover_tests(sanitized_test TEST_PREFIX sanitized. DISCOVERY_TIMEOUT 60)
 endfunction()
 
@@ -45,7 +46,8 @@ function(sanitized_threads)
         $<TARGET_PROPERTY:threads_test,INCLUDE_DIRECTORIES>)
     target_compile_options(sanitized_threads_test PRIVATE -O1 -g1 -fsanitize=thread)
     target_link_options(sanitized_threads_test PRIVATE -fsanitize=thread)
-    target_link_libraries(sanitized_threads_test PRIVATE threads_library GTest::gtest_main)
+    target_link_libraries(sanitized_threads_test PRIVATE
+        threads_library rvngenmx_static GTest::gtest_main)
     gtest_discover_tests(sanitized_threads_test TEST_PREFIX sanitized. DISCOVERY_TIMEOUT 60)
 endfunction()
 
