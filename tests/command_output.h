@@ -4,7 +4,7 @@
 #include <gtest/gtest.h>
 
 #include <cstdio>
-#include <sstream>
+#include <cstdlib>
 #include <string>
 #include <vector>
 
@@ -13,15 +13,15 @@ namespace rvn::tests
 
 inline std::vector<std::string> linesOf(const std::string& command)
 {
-    std::string output;
-    FILE* const pipe = popen(command.c_str(), "r");
-    for (int c = std::getc(pipe); c != EOF; c = std::getc(pipe))
-        output += static_cast<char>(c);
-    EXPECT_EQ(pclose(pipe), 0) << command;
-    std::istringstream text(output);
     std::vector<std::string> lines;
-    for (std::string line; std::getline(text, line);)
-        lines.push_back(line);
+    FILE* const pipe = popen(command.c_str(), "r");
+    char* line = nullptr;
+    std::size_t size = 0;
+    for (ssize_t count = getline(&line, &size, pipe); count > 0;
+         count = getline(&line, &size, pipe))
+        lines.emplace_back(line, line[count - 1] == '\n' ? count - 1 : count);
+    std::free(line);
+    EXPECT_EQ(pclose(pipe), 0) << command;
     return lines;
 }
 

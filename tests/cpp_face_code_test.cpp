@@ -2,9 +2,9 @@
 // and nothing else. OBJECT_FILE is the path of the compiled cpp_face_code.cpp.
 
 #include "command_output.h"
+#include "pattern.h"
 
 #include <map>
-#include <regex>
 #include <string>
 
 namespace rvn::tests
@@ -17,20 +17,20 @@ namespace
 std::map<std::string, std::string> codeByFunction()
 {
     std::map<std::string, std::string> functions;
-    const std::regex start(R"([0-9a-f]+ <rvng::Status rvng::(.*)>:)");
-    const std::regex instruction(R"( *[0-9a-f]+:\t(\w+)( +([^<]*[^< ]))?.*)");
-    const std::regex relocation(R"(\t+[0-9a-f]+: R_X86_64_PLT32\t(\w+)-0x4)");
+    const Pattern start("[0-9a-f]+ <rvng::Status rvng::(.*)>:");
+    const Pattern instruction(" *[0-9a-f]+:\t(\\w+)( +([^<]*[^< ]))?.*");
+    const Pattern relocation("\t+[0-9a-f]+: R_X86_64_PLT32\t(\\w+)-0x4");
     std::string* code = nullptr;
-    std::smatch match;
     for (const std::string& text :
          linesOf("objdump -dr --demangle --no-show-raw-insn '" OBJECT_FILE "'")) {
-        if (std::regex_match(text, match, start))
-            code = &functions[match[1]];
-        else if (std::regex_match(text, match, relocation))
-            *code += " " + match[1].str();
-        else if (std::regex_match(text, match, instruction) && !match[1].str().starts_with("nop"))
-            *code += (code->empty() ? "" : "; ") + match[1].str() +
-                     (match[1] == "jmp" ? "" : " " + match[3].str());
+        if (const auto name = start.match(text); !name.empty())
+            code = &functions[name[1]];
+        else if (const auto symbol = relocation.match(text); !symbol.empty())
+            *code += " " + symbol[1];
+        else if (const auto part = instruction.match(text);
+                 !part.empty() && !part[1].starts_with("nop"))
+            *code +=
+                (code->empty() ? "" : "; ") + part[1] + (part[1] == "jmp" ? "" : " " + part[3]);
     }
     return functions;
 }

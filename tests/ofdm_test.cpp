@@ -103,11 +103,11 @@ TEST_F(Ofdm, APictureWithoutNoisePassesThroughEchoesUnharmed)
 TEST_F(Ofdm, EqualSeedsGiveEqualResultsAndSpreadingLowersPeaks)
 {
     write("in.png", 64, 64, PNG_FORMAT_RGB);
-    const std::regex speed("speed[^\n]*\n");
     const auto outcome = [&](const std::string& arguments) {
-        const RunResult result = send("-n 14 --constellation points.png " + arguments);
-        return std::regex_replace(result.out, speed, "") + content("out.png") +
-               content("points.png");
+        std::string out = send("-n 14 --constellation points.png " + arguments).out;
+        const auto speed = out.find("speed");
+        out.erase(speed, out.find('\n', speed) - speed);
+        return out + content("out.png") + content("points.png");
     };
     EXPECT_TRUE(outcome("--seed 5") == outcome("--seed 5"));
     EXPECT_FALSE(outcome("--seed 5") == outcome("--seed 6"));

@@ -2,12 +2,13 @@
 // wrote.
 #pragma once
 
+#include "pattern.h"
+
 #include <gtest/gtest.h>
 
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
-#include <regex>
 #include <sstream>
 #include <string>
 #include <vector>
@@ -24,9 +25,8 @@ struct RunResult {
     // What a pattern's group finds in the output.
     std::string found(const std::string& pattern) const
     {
-        std::smatch match;
-        if (std::regex_search(out, match, std::regex(pattern)))
-            return match[1];
+        if (const auto groups = Pattern(pattern).find(out); !groups.empty())
+            return groups[1];
         ADD_FAILURE() << pattern << " not found in\n" << out << err;
         return "nan";
     }
