@@ -8,9 +8,6 @@ string(REGEX MATCHALL " [A-Z] [A-Za-z][A-Za-z0-9_]*\n" names "${symbols}")
 list(TRANSFORM names REPLACE " [A-Z] ([^\n]+)\n" "\\1")
 list(FILTER names EXCLUDE REGEX "^(rvn|owng)")
 list(REMOVE_DUPLICATES names)
-list(TRANSFORM names REPLACE "(.+)" "\\1 owng_\\1\n")
-list(JOIN names "" names)
-file(WRITE ${ARCHIVE}.names "${names}")
-execute_process(COMMAND ${OBJCOPY} --enable-deterministic-archives --redefine-syms=${ARCHIVE}.names
-                        ${ARCHIVE}
+list(TRANSFORM names REPLACE "(.+)" "--redefine-sym=\\1=owng_\\1")
+execute_process(COMMAND ${OBJCOPY} --enable-deterministic-archives ${names} ${ARCHIVE}
     COMMAND_ERROR_IS_FATAL ANY)

@@ -1,5 +1,5 @@
-// The C++ header: every function gives, bit for bit, what the C function gives; what does not fit is
-// refused, with nothing written. (consumers/face_refused.cpp has what does not compile.)
+// The C++ header: every function gives, bit for bit, what the C function gives; what does not fit
+// is refused, with nothing written. (consumers/face_refused.cpp has what does not compile.)
 
 #include "rvngenmx.hpp"
 
