@@ -3,7 +3,7 @@
 include(GNUInstallDirs)
 include(CMakePackageConfigHelpers)
 
-install(TARGETS rvncore rvngenmx rvncore_static rvngenmx_static
+install(TARGETS rvncore rvngenmx rvncore_static rvngenmx_static rvngenmx_cpp
     EXPORT rvngenmx
     LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR} COMPONENT runtime NAMELINK_COMPONENT development
     ARCHIVE DESTINATION ${CMAKE_INSTALL_LIBDIR} COMPONENT development

@@ -3,7 +3,8 @@
  *
  * The one allocator that rvngenmx uses, in a library of its own, librvncore.so. rvngenmx imports
  * both functions by name, so a program that defines them itself, or a library loaded before, puts
- * its own allocator in their place.
+ * its own allocator in their place. A program that calls or defines them links this library beside
+ * rvngenmx: `pkg-config --libs rvngenmx rvncore`, or rvngenmx::rvncore in CMake.
  */
 #ifndef RVNCORE_H
 #define RVNCORE_H

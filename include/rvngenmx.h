@@ -47,7 +47,7 @@
  *   thread's rounding mode and treatment of subnormals, which they do not change. Their arithmetic
  *   raises the status flags of IEEE-754 like any other.
  *
- * - Stack: a kernel uses its stack frame and nothing else, at most 8 KiB in the optimised build.
+ * - Stack: a kernel uses its stack frame and nothing else, at most 2 KiB in the optimised build.
  *   (Walsh-Hadamard orders 8 to 13 also use work memory; see there.) A DCT-IV of 8192 points or
  *   more uses up to 40 KiB.
  */

@@ -4,7 +4,7 @@
  * Header only: every function is inline and is the call of the C function that it names. What a
  * transform computes, its scale factors, aliasing and threads are described in rvngenmx.h.
  *
- *     #include <rvngenmx.hpp>
+ *     #include <rvngenmx.hpp>       // c++ -std=c++20 program.cpp -lrvngenmx
  *
  *     std::array<std::complex<double>, 48> x, X;
  *     ...
@@ -18,9 +18,10 @@
  * Conventions of every function below
  *
  * - Lengths: with the length as a template argument the call is that of the kernel, and arrays and
- *   spans of another extent, or of an extent that is not known, do not compile. A span whose extent
- *   is dynamic becomes one of known extent by `first<48>()`. Without the template argument the
- *   length is that of the signal, and the call is that of the dispatcher.
+ *   spans of another extent, or of an extent that is not known, do not compile: a static_assert
+ *   says what would. A span whose extent is dynamic becomes one of known extent by `first<48>()`.
+ *   Without the template argument the length is that of the signal, and the call is that of the
+ *   dispatcher.
  *
  * - Elements: float and double; `std::complex<float>` for Rvn32fc, `std::complex<double>` for
  *   Rvn64fc.
@@ -32,6 +33,10 @@
  */
 #ifndef RVNGENMX_HPP
 #define RVNGENMX_HPP
+
+#if __cplusplus < 202002L
+#error "rvngenmx.hpp is C++20: compile with -std=c++20, or use rvngenmx.h"
+#else
 
 #include <rvngenmx.h>
 
@@ -687,6 +692,113 @@ private:
     bool ownsBlock_ = false;
 };
 
+// ---- What does not fit -------------------------------------------------------------------------
+
+/// @cond
+/* Calls with the length as a template argument that no function above takes: without these a
+ * compiler lists every candidate and why it is none. */
+
+namespace detail
+{
+
+template <typename In, typename Out, typename T, std::size_t in, std::size_t out>
+inline constexpr bool areSpans =
+    std::convertible_to<In, std::span<const T, in>>&& std::convertible_to<Out, std::span<T, out>>;
+
+template <typename In, typename Out, std::size_t in, std::size_t out>
+inline constexpr bool areReal =
+    areSpans<In, Out, float, in, out> || areSpans<In, Out, double, in, out>;
+
+template <typename In, typename Out, std::size_t N>
+inline constexpr bool fitComplex = 2 <= N&& N <= 64 &&
+                                   (areSpans<In, Out, std::complex<float>, N, N> ||
+                                    areSpans<In, Out, std::complex<double>, N, N>);
+
+template <typename L> constexpr std::size_t spectrumSize(std::size_t N)
+{
+    if constexpr (Layout<L>)
+        return L::size(N);
+    else
+        return 0;
+}
+
+template <typename Signal, typename Spectrum, typename L, std::size_t N>
+inline constexpr bool fitForward =
+    Layout<L> && 2 <= N&& N <= 64 && areReal<Signal, Spectrum, N, spectrumSize<L>(N)>;
+
+template <typename Spectrum, typename Signal, typename L, std::size_t N>
+inline constexpr bool fitInverse =
+    Layout<L> && 2 <= N&& N <= 64 && areReal<Spectrum, Signal, spectrumSize<L>(N), N>;
+
+template <typename In, typename Out, std::size_t N>
+inline constexpr bool fitHartley = 2 <= N&& N <= 64 && areReal<In, Out, N, N>;
+
+template <typename In, typename Out, std::size_t order, typename... Buffer>
+inline constexpr bool
+    fitWht = 1 <= order&& order <= 13 &&
+             (std::convertible_to<Buffer, std::span<std::byte>> && ...) &&
+             areReal<In, Out, std::size_t{1} << order % 16, std::size_t{1} << order % 16>;
+
+} // namespace detail
+
+template <std::size_t N, typename In, typename Out>
+requires(!detail::fitComplex<In, Out, N>) Status dftForward(In&&, Out&&, Scale)
+{
+    static_assert(detail::fitComplex<In, Out, N>,
+                  "rvng::dftForward<N> takes N from 2 to 64 and two arrays or spans of N "
+                  "std::complex<float>, or of N std::complex<double>");
+    return Status::SizeError;
+}
+
+template <std::size_t N, typename In, typename Out>
+requires(!detail::fitComplex<In, Out, N>) Status dftInverse(In&&, Out&&, Scale)
+{
+    static_assert(detail::fitComplex<In, Out, N>,
+                  "rvng::dftInverse<N> takes N from 2 to 64 and two arrays or spans of N "
+                  "std::complex<float>, or of N std::complex<double>");
+    return Status::SizeError;
+}
+
+template <typename L, std::size_t N, typename In, typename Out>
+requires(!detail::fitForward<In, Out, L, N>) Status dftForward(In&&, Out&&, Scale)
+{
+    static_assert(detail::fitForward<In, Out, L, N>,
+                  "rvng::dftForward<L, N> takes L = Ccs, Pack or Perm, N from 2 to 64, an array or "
+                  "span of N and one of L::size(N) elements, both float or both double");
+    return Status::SizeError;
+}
+
+template <typename L, std::size_t N, typename In, typename Out>
+requires(!detail::fitInverse<In, Out, L, N>) Status dftInverse(In&&, Out&&, Scale)
+{
+    static_assert(detail::fitInverse<In, Out, L, N>,
+                  "rvng::dftInverse<L, N> takes L = Ccs, Pack or Perm, N from 2 to 64, an array or "
+                  "span of L::size(N) and one of N elements, both float or both double");
+    return Status::SizeError;
+}
+
+template <std::size_t N, typename In, typename Out>
+requires(!detail::fitHartley<In, Out, N>) Status hartley(In&&, Out&&, Scale)
+{
+    static_assert(detail::fitHartley<In, Out, N>,
+                  "rvng::hartley<N> takes N from 2 to 64 and two arrays or spans of N float, or of "
+                  "N double");
+    return Status::SizeError;
+}
+
+template <std::size_t order, typename In, typename Out, typename... Buffer>
+requires(!detail::fitWht<In, Out, order, Buffer...>) Status wht(In&&, Out&&, Scale, Buffer&&...)
+{
+    static_assert(detail::fitWht<In, Out, order, Buffer...>,
+                  "rvng::wht<order> takes an order from 1 to 13 and two arrays or spans of 2^order "
+                  "float, or of 2^order double; a buffer is a span of std::byte");
+    return Status::SizeError;
+}
+
+/// @endcond
+
 } // namespace rvng
+
+#endif
 
 #endif

@@ -118,14 +118,15 @@ std::size_t stackOf(const std::function<void()>& call)
     return stack.end() - std::ranges::find_if_not(stack, [](auto byte) { return byte == unused; });
 }
 
-TYPED_TEST(Environment, AKernelTakes8KiBOfStackAndADct4Takes40)
+TYPED_TEST(Environment, AKernelTakes2KiBOfStackAndADct4Takes40)
 {
     std::vector<TypeParam> x(1 << 17), X(x.size());
     const std::size_t frame = stackOf([] {});
     for (const auto& kernel : everyKernel<TypeParam>()) {
         const auto run = [&] { kernel.run(x.data(), X.data(), RvnScaleFwdByN, nullptr); };
+        run(); // the loader looks a function up at its first call, on the caller's stack
         // Room for a pointer to the test and for what rvnMalloc takes.
-        EXPECT_LE(stackOf(run) - frame, (8u << 10) + 256) << kernel.name;
+        EXPECT_LE(stackOf(run) - frame, (2u << 10) + 256) << kernel.name;
     }
     for (int size = 2; size <= 1 << 17; size *= 2) {
         const Dct4Plan<TypeParam> plan(size);
