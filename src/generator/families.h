@@ -5,6 +5,7 @@
 #include "generator/dct4/body_plans.h"
 #include "generator/dft_complex/complex_plans.h"
 #include "generator/dft_real/real_plans.h"
+#include "generator/files.h"
 #include "generator/hartley/hartley_plans.h"
 #include "generator/kernel.h"
 
@@ -34,6 +35,9 @@ Kernel walshHadamardKernel(int order, Format format);
 //               those of the first stage first; outputs Re, Im of D[s] and of conj D[r - 1 - s],
 //               for s = 0 to r/2 - 1
 Kernel engineKernel(const BodyPlan& plan, Format format);
+
+// What the engine includes of them: their declarations, and the table of the bodies of its modes.
+GeneratedFile engineHeader();
 
 // All of them, by precision, family and length.
 std::vector<Kernel> everyKernel();

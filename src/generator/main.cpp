@@ -29,6 +29,7 @@ void writeKernels(const std::filesystem::path& folder, const std::vector<Kernel>
 {
     for (const Kernel& kernel : kernels)
         writeFile(folder, generate(kernel, tuning));
+    writeFile(folder, engineHeader());
 }
 
 // The largest first: a parallel build should not end with them.

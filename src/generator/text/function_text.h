@@ -17,4 +17,7 @@ std::string functionText(const Buffered& function, const Kernel& kernel,
 std::string functionText(const EngineBody& function, const Kernel& kernel,
                          const ScheduledGraphs& graphs);
 
+// The declaration of a function of the engine, without its semicolon.
+std::string prototypeText(const EngineBody& function, Format format);
+
 } // namespace rvn::generator

@@ -1,5 +1,4 @@
-// The fixed bodies of both precisions, each in its loop: one generated function a body. What the
-// loop runs over is told by a plain record, in elements, not bytes.
+// What a fixed body takes, a generated function with its loop: records in elements, not bytes.
 //
 // src and dst may overlap for the direct bodies alone, which read all before they write.
 #pragma once
@@ -42,39 +41,14 @@ struct InnerRows {
     std::int32_t count;
 };
 
+// The bodies of a mode: of env1, of env3 and env7, of env2, of env6. Null where it has none.
+template <typename Element> struct FixedBodies {
+    using Scalar [[gnu::may_alias]] = Element;
+    void (*direct)(Scalar* dst, const Scalar* src);
+    void (*odd)(Scalar* dst, const Scalar* src, const Sequences& sequences);
+    void (*topRow)(Scalar* dst, const Scalar* src, const Scalar* twiddles, const TopRows& rows);
+    void (*innerRow)(Scalar* dst, const Scalar* src, const Scalar* first, const Scalar* second,
+                     const InnerRows& rows);
+};
+
 } // namespace rvn::dct4
-
-// A body of each kind in one precision.
-#define RVNG_DCT4_DIRECT(N, suffix, Scalar)                                                        \
-    void owngDCT4_##suffix##_direct_##N(Scalar* dst, const Scalar* src);
-#define RVNG_DCT4_ODD(L, suffix, Scalar)                                                           \
-    void owngDCT4_##suffix##_odd_##L(Scalar* dst, const Scalar* src,                               \
-                                     const rvn::dct4::Sequences& sequences);
-#define RVNG_DCT4_TOP_ROW(r, suffix, Scalar)                                                       \
-    void owngDCT4_##suffix##_topRow_##r(Scalar* dst, const Scalar* src, const Scalar* twiddles,    \
-                                        const rvn::dct4::TopRows& rows);
-#define RVNG_DCT4_INNER_ROW(r, suffix, Scalar)                                                     \
-    void owngDCT4_##suffix##_innerRow_##r(Scalar* dst, const Scalar* src, const Scalar* first,     \
-                                          const Scalar* second, const rvn::dct4::InnerRows& rows);
-
-// All of one precision: RVNG_DCT4_BODIES(32f, rvn::Scalar32f).
-// clang-format off
-#define RVNG_DCT4_BODIES(suffix, Scalar)                                                           \
-    RVNG_DCT4_DIRECT(2, suffix, Scalar) RVNG_DCT4_DIRECT(4, suffix, Scalar)                        \
-    RVNG_DCT4_DIRECT(8, suffix, Scalar) RVNG_DCT4_DIRECT(16, suffix, Scalar)                       \
-    RVNG_DCT4_DIRECT(32, suffix, Scalar)                                                           \
-    RVNG_DCT4_ODD(2, suffix, Scalar) RVNG_DCT4_ODD(4, suffix, Scalar)                              \
-    RVNG_DCT4_ODD(8, suffix, Scalar) RVNG_DCT4_ODD(16, suffix, Scalar)                             \
-    RVNG_DCT4_ODD(32, suffix, Scalar) RVNG_DCT4_ODD(64, suffix, Scalar)                            \
-    RVNG_DCT4_TOP_ROW(1, suffix, Scalar) RVNG_DCT4_TOP_ROW(2, suffix, Scalar)                      \
-    RVNG_DCT4_TOP_ROW(4, suffix, Scalar) RVNG_DCT4_TOP_ROW(8, suffix, Scalar)                      \
-    RVNG_DCT4_TOP_ROW(16, suffix, Scalar) RVNG_DCT4_TOP_ROW(32, suffix, Scalar)                    \
-    RVNG_DCT4_INNER_ROW(2, suffix, Scalar) RVNG_DCT4_INNER_ROW(4, suffix, Scalar)                  \
-    RVNG_DCT4_INNER_ROW(8, suffix, Scalar) RVNG_DCT4_INNER_ROW(16, suffix, Scalar)                 \
-    RVNG_DCT4_INNER_ROW(32, suffix, Scalar)
-// clang-format on
-
-extern "C" {
-RVNG_DCT4_BODIES(32f, rvn::Scalar32f)
-RVNG_DCT4_BODIES(64f, rvn::Scalar64f)
-}

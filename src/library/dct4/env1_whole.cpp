@@ -4,7 +4,7 @@
 // of M = N/r points (env3) and M/2 output rows (env2).
 
 #include "dct4/engine.h"
-#include "dct4/fixed_bodies.h"
+#include "dct4/modes.h"
 #include "dct4/radix.h"
 
 using namespace rvn::dct4;
@@ -138,7 +138,7 @@ RvnStatus OWNG_DCT4(env1, compute)(const Env1* self, Scalar* dst, const Scalar* 
         OWNG_DCT4(env2, compute)(itemOf<Env2>(self->env2List), dst, self->scratch);
         return RvnStatusNoError;
     }
-    const DirectBody body = bodiesOf(self->mode).direct;
+    const auto body = bodiesOf(self->mode).direct;
     if (body == nullptr)
         return RvnStatusBadMode;
     body(dst, src);

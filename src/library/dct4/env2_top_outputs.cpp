@@ -77,7 +77,7 @@ void OWNG_DCT4(env2, __del__)(void* object)
 
 RvnStatus OWNG_DCT4(env2, compute)(const Env2* self, Scalar* dst, const Scalar* src)
 {
-    const TopRowBody body = bodiesOf(self->mode).topRow;
+    const auto body = bodiesOf(self->mode).topRow;
     if (body == nullptr)
         return RvnStatusBadMode;
     // The outputs of negative s lie at M (-s) - 1 - q, counted from the far end.

@@ -2,7 +2,7 @@
 // sub-transforms and combines them by a complex DFT of r' points.
 
 #include "dct4/engine.h"
-#include "dct4/fixed_bodies.h"
+#include "dct4/modes.h"
 #include "dct4/trigonometry.h"
 
 using namespace rvn::dct4;
@@ -141,7 +141,7 @@ RvnStatus OWNG_DCT4(env6, compute)(const Env6* self, Scalar* dst, const Scalar* 
 RvnStatus OWNG_DCT4(env6, rows)(const Env6* self, Scalar* dst, const Scalar* src,
                                 std::ptrdiff_t outputStep)
 {
-    const InnerRowBody body = bodiesOf(self->mode).innerRow;
+    const auto body = bodiesOf(self->mode).innerRow;
     if (body == nullptr)
         return RvnStatusBadMode;
     const std::int32_t r = 1 << self->mode;

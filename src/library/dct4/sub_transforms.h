@@ -3,7 +3,7 @@
 #pragma once
 
 #include "dct4/engine.h"
-#include "dct4/fixed_bodies.h"
+#include "dct4/modes.h"
 
 namespace rvn::dct4
 {
@@ -119,7 +119,7 @@ RvnStatus runSubTransforms(const Object& self, const Offsets& offsets, Scalar* d
                            const Scalar* src)
 {
     const auto [first, mirror, step] = offsets;
-    if (const OddBody body = bodiesOf(self.mode).odd) {
+    if (const auto body = bodiesOf(self.mode).odd) {
         const std::ptrdiff_t L = std::ptrdiff_t{1} << self.mode;
         body(dst, src,
              {.near = first,
