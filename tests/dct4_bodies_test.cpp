@@ -7,6 +7,7 @@
 
 #include "generator/dct4/body_graphs.h"
 #include "generator/families.h"
+#include "generator/generate.h"
 #include "generator/graph/evaluate.h"
 
 #include <algorithm>
@@ -31,6 +32,16 @@ TEST(Dct4Bodies, AGraphThatMissesACountIsRefused)
         EXPECT_NO_THROW(require());
         ++(plan.*count);
         EXPECT_THROW(require(), std::runtime_error);
+    }
+}
+
+// A whole transform of up to 32 points is one body, and its arrays may overlap.
+TEST(Dct4Bodies, NoBodyWhoseArraysMayOverlapPromisesThatTheyDoNot)
+{
+    for (const BodyPlan& plan : bodyPlans) {
+        const std::string text = generate(engineKernel(plan, Format::Binary32), Tuning()).text;
+        EXPECT_EQ(text.find("__restrict") != text.npos, plan.kind != BodyKind::Direct)
+            << nameOf(plan.kind) << " " << plan.size;
     }
 }
 
