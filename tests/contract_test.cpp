@@ -135,7 +135,7 @@ TYPED_TEST(Contract, ValuesAreNeverTestedAndNaNAndInfinityReachWhatDependsOnThem
                  {nan<TypeParam>, std::numeric_limits<TypeParam>::infinity()}) {
                 auto x = randomParts<TypeParam>(kernel.parts(), 11);
                 x[in] = value;
-                const auto X = transformed(kernel, x, RvnScaleNone);
+                const auto X = transformed(kernel, x, RvnScaleNone, TypeParam{0});
                 for (int out = 0; out < kernel.parts(); ++out)
                     ASSERT_FALSE(
                         (std::isnan(value) ? !std::isnan(X[out]) : std::isfinite(X[out])) &&

@@ -1,12 +1,13 @@
-// The graphs of the fixed bodies have the counts of their rows and are the defining sums, whatever
-// the factors in the tables; and the transform of every size is its graphs and tables bit for bit,
-// however the loops around the bodies walk through memory.
+// A body that misses a count of its row is refused; and the transform of every size is the graphs
+// of its bodies and its tables bit for bit, however the loops around the bodies walk through
+// memory, which leaves a plan of up to 32 points as it was. That the graphs are the transform is
+// held by the accuracy of the whole.
 
 #include "dct4_kernels.h"
-#include "dct4_reference.h"
 
 #include "generator/dct4/body_graphs.h"
 #include "generator/families.h"
+#include "generator/generate.h"
 #include "generator/graph/evaluate.h"
 
 #include <algorithm>
@@ -21,112 +22,6 @@ namespace
 
 using namespace generator;
 namespace record = dct4::record;
-using Quad = __float128;
-
-// The r values of a row, and the factors that stand behind them, real parts first.
-struct Row {
-    std::vector<Wide> values;
-    std::vector<Wide> factors;
-};
-
-Row rowOf(const std::vector<double>& inputs, int r)
-{
-    Row row;
-    for (int v = 0; v < r; ++v)
-        row.values.emplace_back(inputs[v], inputs[r + v]);
-    for (std::size_t i = 2 * r; i + 1 < inputs.size(); i += 2)
-        row.factors.emplace_back(inputs[i], inputs[i + 1]);
-    return row;
-}
-
-std::vector<Wide> topRow(Row row)
-{
-    const std::vector<int> order = pairOrder(static_cast<int>(row.values.size()));
-    for (std::size_t place = 0; place < order.size(); ++place)
-        row.values[order[place]] *= row.factors[place];
-    return topRowSum(row.values);
-}
-
-// One stage up to 8 points; above, R over b of each v = a + 4b, then 4 over a.
-std::vector<Wide> innerSums(Row row)
-{
-    const int r = static_cast<int>(row.values.size());
-    if (r <= 8) {
-        for (int v = 1; v < r; ++v)
-            row.values[v] *= row.factors[v - 1];
-        return directSum(row.values, true);
-    }
-    const int R = r / 4;
-    std::vector<std::vector<Wide>> E(4);
-    for (int a = 0; a < 4; ++a) {
-        for (int b = 0; b < R; ++b)
-            E[a].push_back(row.values[a + 4 * b] * (b > 0 ? row.factors[b - 1] : 1));
-        E[a] = directSum(E[a], true);
-    }
-    std::vector<Wide> D(r);
-    for (int s1 = 0; s1 < R; ++s1) {
-        const Wide* const factors = &row.factors[R - 1 + 3 * s1];
-        const std::vector<Wide> points = directSum(
-            {E[0][s1], E[1][s1] * factors[0], E[2][s1] * factors[1], E[3][s1] * factors[2]}, true);
-        for (int s2 = 0; s2 < 4; ++s2)
-            D[s1 + R * s2] = points[s2];
-    }
-    return D;
-}
-
-std::vector<Wide> parts(const std::vector<Wide>& values)
-{
-    std::vector<Wide> all;
-    for (const Wide& value : values)
-        all.insert(all.end(), {value.real(), value.imag()});
-    return all;
-}
-
-std::vector<Wide> definingSums(const BodyPlan& plan, const std::vector<double>& inputs)
-{
-    switch (plan.kind) {
-    case BodyKind::Direct:
-        return dct4BySum(inputs);
-    case BodyKind::Odd:
-        return parts(oddFrequencySum(inputs));
-    case BodyKind::TopRow:
-        return topRow(rowOf(inputs, plan.size));
-    case BodyKind::InnerRow: {
-        const std::vector<Wide> D = innerSums(rowOf(inputs, plan.size));
-        std::vector<Wide> outputs;
-        for (int s = 0; s < plan.size / 2; ++s)
-            outputs.insert(outputs.end(), {D[s], std::conj(D[plan.size - 1 - s])});
-        return parts(outputs);
-    }
-    }
-    return {};
-}
-
-int inputCount(const BodyPlan& plan)
-{
-    const int r = plan.size;
-    switch (plan.kind) {
-    case BodyKind::TopRow:
-        return 4 * r;
-    case BodyKind::InnerRow:
-        return 2 * r + 2 * (r <= 8 ? r - 1 : r / 4 - 1 + 3 * r / 4);
-    default:
-        return r;
-    }
-}
-
-TEST(Dct4Bodies, EveryGraphIsTheDefiningSum)
-{
-    for (const BodyPlan& plan : bodyPlans) {
-        const auto inputs = randomParts<double>(inputCount(plan), 1);
-        const std::vector<Quad> exact(inputs.begin(), inputs.end());
-        std::vector<Wide> outputs;
-        for (const Quad& value : generator::evaluate<Quad>(bodyGraph(plan), exact))
-            outputs.emplace_back(static_cast<long double>(value));
-        EXPECT_LE(relativeError(outputs, definingSums(plan, inputs)), 2e-16)
-            << nameOf(plan.kind) << " " << plan.size;
-    }
-}
 
 TEST(Dct4Bodies, AGraphThatMissesACountIsRefused)
 {
@@ -137,6 +32,16 @@ TEST(Dct4Bodies, AGraphThatMissesACountIsRefused)
         EXPECT_NO_THROW(require());
         ++(plan.*count);
         EXPECT_THROW(require(), std::runtime_error);
+    }
+}
+
+// A whole transform of up to 32 points is one body, and its arrays may overlap.
+TEST(Dct4Bodies, NoBodyWhoseArraysMayOverlapPromisesThatTheyDoNot)
+{
+    for (const BodyPlan& plan : bodyPlans) {
+        const std::string text = generate(engineKernel(plan, Format::Binary32), Tuning()).text;
+        EXPECT_EQ(text.find("__restrict") != text.npos, plan.kind != BodyKind::Direct)
+            << nameOf(plan.kind) << " " << plan.size;
     }
 }
 

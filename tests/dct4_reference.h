@@ -1,5 +1,4 @@
-// The DCT-IV and the odd-frequency transform in long double, by their definitions. And the order of
-// the factors in a table, as a list.
+// The DCT-IV in long double by its definition, and the order of the factors in a table, as a list.
 #pragma once
 
 #include "reference.h"
@@ -31,43 +30,6 @@ long double dct4Output(const std::vector<Real>& x, int k, const CosineTable& cos
     for (long n = 0; n < std::ssize(x); ++n)
         sum += static_cast<long double>(x[n]) * cosines.at((2 * n + 1) * (2L * k + 1));
     return sum;
-}
-
-template <typename Real> std::vector<Wide> dct4BySum(const std::vector<Real>& x)
-{
-    const int N = static_cast<int>(x.size());
-    const CosineTable cosines(8 * N);
-    std::vector<Wide> X;
-    for (int k = 0; k < N; ++k)
-        X.emplace_back(dct4Output(x, k, cosines));
-    return X;
-}
-
-// Y(q) = sum over t of u[t] e^(i pi t (2q + 1) / L), q < L/2; u[t] is at t + L/2, from -L/2 on.
-template <typename Value> std::vector<Wide> oddFrequencySum(const std::vector<Value>& u)
-{
-    const int L = static_cast<int>(u.size());
-    std::vector<Wide> root;
-    for (int turns = 0; turns < 2 * L; ++turns)
-        root.push_back(unitRoot(turns, 2 * L));
-    std::vector<Wide> Y(L / 2);
-    for (int q = 0; q < L / 2; ++q)
-        for (int place = 0; place < L; ++place) {
-            const int turns = (place - L / 2) * (2 * q + 1) % (2 * L);
-            Y[q] += static_cast<long double>(u[place]) * root[(turns + 2 * L) % (2 * L)];
-        }
-    return Y;
-}
-
-// W[s] = Re sum over j of T[j] e^(i pi (2j + 1) s / (2r)), s = -r to r - 1, at s + r.
-inline std::vector<Wide> topRowSum(const std::vector<Wide>& T)
-{
-    const int r = static_cast<int>(T.size());
-    std::vector<Wide> W(2 * r);
-    for (int s = -r; s < r; ++s)
-        for (int j = 0; j < r; ++j)
-            W[s + r] += (T[j] * unitRoot((2L * j + 1) * s, 4 * r)).real();
-    return W;
 }
 
 // The pairs of a row of the top split's table belong to these values of the row.

@@ -76,29 +76,6 @@ TYPED_TEST(Environment, RoundingModesAndSubnormalsAreTheCallersAndKept)
     }
 }
 
-TYPED_TEST(Environment, RefusalsAndQueriesKeepThemToo)
-{
-    std::fesetround(FE_UPWARD);
-    _mm_setcsr(_mm_getcsr() | flushing);
-    const auto before = controls();
-    for (const auto& kernel : everyKernel<TypeParam>()) {
-        kernel.run(nullptr, nullptr, RvnScaleNone);
-        kernel.dispatcher(nullptr, nullptr, 0, RvnScaleNone, nullptr);
-    }
-    typename Dct4<TypeParam>::Spec* spec = nullptr;
-    Dct4<TypeParam>::init(&spec, 3, nullptr);
-    Dct4<TypeParam>::initAlloc(&spec, 3);
-    Dct4<TypeParam>::run(nullptr, nullptr, nullptr);
-    Dct4<TypeParam>::free(nullptr);
-    int32_t bytes = 0;
-    rvngWHTGetBufferSize_32f(8, &bytes);
-    rvngWHTGetBufferSize_64f(8, &bytes);
-    rvngenGetLibVersion();
-    const auto after = controls();
-    std::fesetenv(FE_DFL_ENV);
-    EXPECT_EQ(before, after);
-}
-
 #if defined(__OPTIMIZE__) && !defined(__SANITIZE_ADDRESS__) && !defined(__SANITIZE_THREAD__)
 // How many bytes of a stack of its own a call writes to.
 std::size_t stackOf(const std::function<void()>& call)

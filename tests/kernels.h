@@ -163,9 +163,10 @@ std::vector<Real> arranged(const std::vector<Real>& parts, Layout layout, Real r
 
 // The whole array that a kernel makes of the array at src.
 template <typename Real>
-std::vector<Real> resultOf(const Kernel<Real>& kernel, const Real* src, RvnScaleFlag flag)
+std::vector<Real> resultOf(const Kernel<Real>& kernel, const Real* src, RvnScaleFlag flag,
+                           Real unwritten = nan<Real>)
 {
-    std::vector<Real> slots(slotCount(kernel.destination(), kernel.parts()), nan<Real>);
+    std::vector<Real> slots(slotCount(kernel.destination(), kernel.parts()), unwritten);
     EXPECT_EQ(kernel.run(src, slots.data(), flag), RvnStatusNoError) << kernel.name;
     return slots;
 }
@@ -173,9 +174,9 @@ std::vector<Real> resultOf(const Kernel<Real>& kernel, const Real* src, RvnScale
 // From parts to parts.
 template <typename Real>
 std::vector<Real> transformed(const Kernel<Real>& kernel, const std::vector<Real>& parts,
-                              RvnScaleFlag flag)
+                              RvnScaleFlag flag, Real unwritten = nan<Real>)
 {
-    const auto slots = resultOf(kernel, arranged(parts, kernel.source()).data(), flag);
+    const auto slots = resultOf(kernel, arranged(parts, kernel.source()).data(), flag, unwritten);
     std::vector<Real> result;
     for (int part = 0; part < kernel.parts(); ++part)
         result.push_back(slots[slotOf(kernel.destination(), kernel.parts(), part)]);

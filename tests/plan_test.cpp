@@ -13,6 +13,7 @@
 #include "generator/graph/evaluate.h"
 #include "generator/order/choice.h"
 #include "generator/order/cost.h"
+#include "generator/order/tuning.h"
 #include "generator/transforms/roots.h"
 
 #include <algorithm>
@@ -297,6 +298,26 @@ TEST(Plan, AFileIsWrittenWhenItsBytesChangeAndLeftAloneWhenTheyDoNot)
         EXPECT_EQ(fs::last_write_time(path), old) << text;
     }
     fs::remove_all(folder);
+}
+
+TEST(Plan, TuningRulesAreReadWholeAndFollowed)
+{
+    const auto path = std::filesystem::path(::testing::TempDir()) / "rvnkernelgen.tuning";
+    const auto tuning = [&](const char* lines) {
+        std::ofstream(path) << lines;
+        const Tuning read(path);
+        read.requireUse({"hartley_7_64f", "wht_3_64f"});
+        return read.ruleFor("hartley_7_64f").options;
+    };
+    EXPECT_EQ(tuning("# the last rule that fits\n*_64f fewest-accesses size\n"
+                     "hartley_* construction speed\n"),
+              "speed");
+    for (const char* const refused :
+         {"hartlye_* construction speed\n", "hartley_* best speed\n", "hartley_* construction\n",
+          "hartley_* construction speed size\n", "* construction speed\n* construction size\n"})
+        EXPECT_THROW(tuning(refused), std::runtime_error) << refused;
+    std::filesystem::remove(path);
+    EXPECT_THROW(Tuning{path}, std::runtime_error);
 }
 
 } // namespace

@@ -1,4 +1,4 @@
-// What the kernels of the real DFT promise beyond the rest: which part stands in which slot, in all
+// What the kernels of the real DFT and the Hartley transform promise beyond the rest: in all
 // layouts the same bits, which slots are constant and which are never read, and what becomes of
 // zeros and of the largest numbers.
 
@@ -22,31 +22,6 @@ template <typename Real> class RealContract : public ::testing::Test
 };
 
 TYPED_TEST_SUITE(RealContract, Reals);
-
-// The documented slots of lengths 8 and 7, written out.
-TYPED_TEST(RealContract, EverySlotIsWhereTheHeaderShowsIt)
-{
-    const struct {
-        Transform form;
-        int length;
-        std::vector<int> parts; // by slot; -1: the constant 0
-    } table[] = {
-        {ToCCS, 8, {0, -1, 1, 2, 3, 4, 5, 6, 7, -1}}, {ToPack, 8, {0, 1, 2, 3, 4, 5, 6, 7}},
-        {ToPerm, 8, {0, 7, 1, 2, 3, 4, 5, 6}},        {ToCCS, 7, {0, -1, 1, 2, 3, 4, 5, 6}},
-        {ToPack, 7, {0, 1, 2, 3, 4, 5, 6}},           {ToPerm, 7, {0, 1, 2, 3, 4, 5, 6}}};
-    for (const auto& [form, length, parts] : table) {
-        const auto& kernel = kernelOf<TypeParam>(form, length);
-        const auto x = randomParts<TypeParam>(length, 37);
-        const auto expected = product(matrixOf(kernel), x);
-        const auto X = resultOf(kernel, x.data(), RvnScaleNone);
-        ASSERT_EQ(X.size(), parts.size());
-        for (std::size_t slot = 0; slot < parts.size(); ++slot)
-            EXPECT_NEAR(X[slot],
-                        parts[slot] < 0 ? 0 : static_cast<double>(expected[parts[slot]].real()),
-                        16 * std::numeric_limits<TypeParam>::epsilon())
-                << kernel.name << ", slot " << slot;
-    }
-}
 
 TYPED_TEST(RealContract, TheLayoutsHoldTheSameBits)
 {
