@@ -35,7 +35,7 @@ namespace
 namespace fs = std::filesystem;
 
 constexpr int copies = 3;
-constexpr int rounds = 40;
+constexpr std::size_t rounds = 40;
 constexpr double runSeconds = 15e-6;
 constexpr double worthARule = 0.05;
 constexpr std::size_t bufferBytes = 1 << 18;
@@ -151,10 +151,13 @@ std::vector<double> measure(const Kernel& kernel, std::span<const Library> libra
         while (time(libraries[0].copies[0], calls) * calls < runSeconds)
             calls *= 2;
         std::vector<double> least(libraries.size(), 1);
-        for (int round = 0; round < rounds; ++round)
+        for (std::size_t round = 0; round < rounds; ++round)
             for (int copy = 0; copy < copies; ++copy)
-                for (std::size_t i = 0; i < libraries.size(); ++i)
+                for (std::size_t turn = 0; turn < libraries.size(); ++turn) {
+                    // No library is always the one behind the same other.
+                    const std::size_t i = (turn + round) % libraries.size();
                     least[i] = std::min(least[i], time(libraries[i].copies[copy], calls));
+                }
         for (std::size_t i = 0; i < libraries.size(); ++i)
             sums[i] += least[i];
     }

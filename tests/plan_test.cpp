@@ -264,9 +264,8 @@ void expectOrders(const std::string& name, const Graph& graph, Stores stores)
 {
     const ChosenSchedule chosen = chooseSchedule(graph, OrderRule::FewestAccesses, stores);
     expectOrderly(name, graph, chosen.schedule, stores);
-    for (const Order& order :
-         {constructionOrder(graph), pressureOrder(graph, 4), pressureOrder(graph, 40),
-          bisectionOrder(graph, Side::Inputs), bisectionOrder(graph, Side::Outputs)}) {
+    for (const Order& order : {constructionOrder(graph), bisectionOrder(graph, Side::Inputs),
+                               bisectionOrder(graph, Side::Outputs)}) {
         const Schedule schedule = scheduleInOrder(graph, order, stores);
         expectOrderly(name, graph, schedule, stores);
         EXPECT_LE(memoryAccesses(graph, chosen.schedule), memoryAccesses(graph, schedule)) << name;

@@ -11,7 +11,9 @@ namespace rvn::generator
 
 ComplexValues cooleyTukey(const ComplexStage& stage, ComplexView x, int t)
 {
-    const auto [N, method, a, b, rader] = stage;
+    const int N = stage.length;
+    const int a = stage.a;
+    const int b = stage.b;
     std::vector<ComplexValues> Y;
     for (int n2 = 0; n2 < b; ++n2) {
         Y.push_back(complexDft(gather(a, [&](int n1) { return x[b * n1 + n2]; }), t % a));

@@ -13,7 +13,9 @@ namespace rvn::generator
 
 ComplexValues goodThomas(const ComplexStage& stage, ComplexView x, int t)
 {
-    const auto [N, method, a, b, rader] = stage;
+    const int N = stage.length;
+    const int a = stage.a;
+    const int b = stage.b;
     const std::vector<ComplexValues> Y = gather(b, [&](int n2) {
         return complexDft(gather(a, [&](int n1) { return x[(b * n1 + a * n2) % N]; }), t * b % a);
     });

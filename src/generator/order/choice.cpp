@@ -16,9 +16,6 @@ struct Candidate {
 // Of equals the first is taken.
 constexpr Candidate candidates[] = {
     {"construction", constructionOrder},
-    {"pressure 4", [](const Graph& graph) { return pressureOrder(graph, 4); }},
-    {"pressure 8", [](const Graph& graph) { return pressureOrder(graph, 8); }},
-    {"pressure 40", [](const Graph& graph) { return pressureOrder(graph, 40); }},
     {"bisection, inputs", [](const Graph& graph) { return bisectionOrder(graph, Side::Inputs); }},
     {"bisection, outputs", [](const Graph& graph) { return bisectionOrder(graph, Side::Outputs); }},
 };

@@ -141,48 +141,6 @@ Order constructionOrder(const Graph& graph)
     return order;
 }
 
-Order pressureOrder(const Graph& graph, int window)
-{
-    const std::vector<std::vector<int>> users = usersOf(graph);
-    std::vector<int> usesLeft = useCounts(graph);
-    std::vector<int> operandsLeft(graph.nodes.size());
-    std::vector<bool> isLoaded(graph.nodes.size());
-    std::set<int> ready;
-    for (const int node : constructionOrder(graph)) {
-        for (const int operand : distinctOperands(graph, node))
-            operandsLeft[node] += computes(graph, operand);
-        if (operandsLeft[node] == 0)
-            ready.insert(node);
-    }
-    const auto gain = [&](int node) {
-        int freed = 0;
-        for (const int operand : distinctOperands(graph, node)) {
-            const auto here = std::ranges::count(operands(graph.nodes[node]), operand);
-            freed += usesLeft[operand] == here;
-            freed -= !computes(graph, operand) && !isLoaded[operand];
-        }
-        return freed;
-    };
-    Order order;
-    while (!ready.empty()) {
-        const auto end =
-            std::next(ready.begin(), std::min<std::ptrdiff_t>(window, std::ssize(ready)));
-        const auto best =
-            std::max_element(ready.begin(), end, [&](int a, int b) { return gain(a) < gain(b); });
-        const int node = *best;
-        ready.erase(best);
-        order.push_back(node);
-        for (const int operand : operands(graph.nodes[node])) {
-            --usesLeft[operand];
-            isLoaded[operand] = true;
-        }
-        for (const int user : users[node])
-            if (--operandsLeft[user] == 0)
-                ready.insert(user);
-    }
-    return order;
-}
-
 Order bisectionOrder(const Graph& graph, Side first)
 {
     return Bisection(graph, first).run();

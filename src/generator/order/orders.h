@@ -13,10 +13,6 @@ using Order = std::vector<int>;
 // As the builder made them: each sub-transform whole and its twiddles right behind it.
 Order constructionOrder(const Graph& graph);
 
-// Of the first `window` operations that are ready, in construction order, the one whose operands
-// are used for the last time; the fewer new inputs it needs, the better.
-Order pressureOrder(const Graph& graph, int window);
-
 enum class Side : std::uint8_t { Inputs, Outputs };
 
 // Frigo 1999: what can be had from the inputs and what leads to the outputs grow towards each other

@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <fstream>
-#include <ranges>
 #include <set>
 #include <sstream>
 #include <stdexcept>
@@ -34,7 +33,7 @@ Tuning::Tuning(const std::filesystem::path& file)
 
 const TuningRule& Tuning::ruleFor(const std::string& kernel) const
 {
-    return *std::ranges::find_if(rules_ | std::views::reverse, [&](const TuningRule& rule) {
+    return *std::find_if(rules_.rbegin(), rules_.rend(), [&](const TuningRule& rule) {
         return fnmatch(rule.pattern.c_str(), kernel.c_str(), 0) == 0;
     });
 }
