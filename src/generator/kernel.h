@@ -77,13 +77,13 @@ struct Buffered {
 // and how it goes on.
 struct EngineBody {
     std::string name;
-    std::vector<std::string> sources;
-    std::vector<std::string> destinations;
-    bool mayOverlap; // src and dst: then everything is read before anything is written
-    std::vector<std::string> parameters;
-    std::vector<std::string> before;
-    std::vector<std::string> first;
-    std::vector<std::string> advance; // empty: no loop
+    std::vector<std::string> sources = {};
+    std::vector<std::string> destinations = {};
+    bool mayOverlap = false; // src and dst: then everything is read before anything is written
+    std::vector<std::string> parameters = {};
+    std::vector<std::string> before = {};
+    std::vector<std::string> first = {};
+    std::vector<std::string> advance = {}; // empty: no loop
 };
 
 // Where products by constants are evaluated in a binary32 kernel.

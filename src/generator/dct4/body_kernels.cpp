@@ -27,113 +27,24 @@ Places strided(const std::string& pointer, const std::string& stride, int count)
     return places;
 }
 
-Places joined(Places first, const Places& second)
+Places joined(const std::vector<Places>& lists)
 {
-    first.insert(first.end(), second.begin(), second.end());
-    return first;
+    Places all;
+    for (const Places& list : lists)
+        all.insert(all.end(), list.begin(), list.end());
+    return all;
 }
 
 // The places of t = -count to count - 1: near for t >= 0, far for t < 0.
 Places mirrored(int count)
 {
     const Places far = strided("far", "stride", count);
-    return joined({far.rbegin(), far.rend()}, strided("near", "stride", count));
+    return joined({{far.rbegin(), far.rend()}, strided("near", "stride", count)});
 }
 
 Places plain(const std::string& pointer, int count)
 {
     return placesIn(pointer, plainSlots(count));
-}
-
-Places sourcesOf(const BodyPlan& plan)
-{
-    const int size = plan.size;
-    switch (plan.kind) {
-    case BodyKind::Direct:
-        return plain("src", size);
-    case BodyKind::Odd:
-        return mirrored(size / 2);
-    case BodyKind::TopRow:
-        return joined(plain("src", 2 * size), plain("twiddles", 2 * size));
-    case BodyKind::InnerRow: {
-        const int pairs = plan.radixes[0] == 0 ? size - 1 : plan.radixes[0] - 1;
-        const Places first = joined(plain("src", 2 * size), plain("first", 2 * pairs));
-        return plan.radixes[0] == 0 ? first : joined(first, plain("second", 6 * plan.radixes[0]));
-    }
-    }
-    return {};
-}
-
-Places destinationsOf(const BodyPlan& plan)
-{
-    const int size = plan.size;
-    switch (plan.kind) {
-    case BodyKind::Direct:
-        return plain("dst", size);
-    case BodyKind::Odd:
-        return strided("dst", "rowStep", size);
-    case BodyKind::TopRow:
-        return mirrored(size);
-    case BodyKind::InnerRow: {
-        const Places near = strided("near", "stride", size / 2);
-        const Places nearImaginary = strided("nearImaginary", "stride", size / 2);
-        const Places far = strided("far", "stride", size / 2);
-        const Places farImaginary = strided("farImaginary", "stride", size / 2);
-        Places places;
-        for (std::size_t s = 0; s < near.size(); ++s)
-            places.insert(places.end(), {near[s], nearImaginary[s], far[s], farImaginary[s]});
-        return places;
-    }
-    }
-    return {};
-}
-
-// The C++ around a body: see EngineBody.
-struct Frame {
-    std::vector<std::string> parameters;
-    std::vector<std::string> before;
-    std::vector<std::string> first;
-    std::vector<std::string> advance;
-};
-
-Frame frameOf(const BodyPlan& plan, const std::string& scalar)
-{
-    const std::string pointer = scalar + "* ";
-    const std::string table = "const " + scalar + "* __restrict ";
-    const std::string row = std::to_string(2 * plan.size);
-    switch (plan.kind) {
-    case BodyKind::Direct:
-        return {};
-    case BodyKind::Odd:
-        return {{"const rvn::dct4::Sequences& sequences"},
-                {"const auto [nearIndex, farIndex, step, stride, rowStep, count] = sequences",
-                 "const " + pointer + "near = src + nearIndex",
-                 "const " + pointer + "far = src + farIndex"},
-                {},
-                {"near += step", "far -= step", "++dst"}};
-    case BodyKind::TopRow:
-        return {{table + "twiddles", "const rvn::dct4::TopRows& rows"},
-                {"const auto [farIndex, stride, count] = rows", pointer + "near = dst",
-                 pointer + "far = dst + farIndex"},
-                {},
-                {"++near", "--far", "src += " + row, "twiddles += " + row}};
-    case BodyKind::InnerRow: {
-        const bool inStages = plan.radixes[0] != 0;
-        const int pairs = inStages ? plan.radixes[0] - 1 : plan.size - 1;
-        Frame frame{{table + "first", table + (inStages ? "second" : "/*second*/"),
-                     "const rvn::dct4::InnerRows& rows"},
-                    {"const auto [farIndex, stride, rowStep, count] = rows", pointer + "near = dst",
-                     pointer + "far = dst + farIndex"},
-                    {pointer + "const nearImaginary = near + rowStep",
-                     pointer + "const farImaginary = far + rowStep"},
-                    {"near += 2 * rowStep", "far -= 2 * rowStep", "src += " + row,
-                     "first += " + std::to_string(2 * pairs)}};
-        if (inStages)
-            frame.advance.push_back("second += " + std::to_string(6 * plan.radixes[0]));
-        return frame;
-    }
-    }
-    return {};
 }
 
 // The row tells additions and subtractions apart; a negated output is subtracted from zero.
@@ -165,15 +76,55 @@ std::string functionName(const BodyPlan& plan, Format format)
 
 EngineBody bodyFunction(const BodyPlan& plan, Format format)
 {
-    const auto [parameters, before, first, advance] = frameOf(plan, scalarType(format));
-    return {functionName(plan, format),
-            sourcesOf(plan),
-            destinationsOf(plan),
-            plan.kind == BodyKind::Direct,
-            parameters,
-            before,
-            first,
-            advance};
+    const int size = plan.size;
+    const int R = plan.radixes[0];
+    const std::string row = std::to_string(2 * size);
+    const std::string pointer = scalarType(format) + "* ";
+    const std::string table = "const " + pointer + "__restrict ";
+    const std::vector<std::string> ends = {pointer + "near = dst",
+                                           pointer + "far = dst + farIndex"};
+    EngineBody body{.name = functionName(plan, format)};
+    switch (plan.kind) {
+    case BodyKind::Direct:
+        body.mayOverlap = true;
+        body.sources = plain("src", size);
+        body.destinations = plain("dst", size);
+        break;
+    case BodyKind::Odd:
+        body.sources = mirrored(size / 2);
+        body.destinations = strided("dst", "rowStep", size);
+        body.parameters = {"const rvn::dct4::Sequences& sequences"};
+        body.before = {"const auto [nearIndex, farIndex, step, stride, rowStep, count] = sequences",
+                       "const " + pointer + "near = src + nearIndex",
+                       "const " + pointer + "far = src + farIndex"};
+        body.advance = {"near += step", "far -= step", "++dst"};
+        break;
+    case BodyKind::TopRow:
+        body.sources = joined({plain("src", 2 * size), plain("twiddles", 2 * size)});
+        body.destinations = mirrored(size);
+        body.parameters = {table + "twiddles", "const rvn::dct4::TopRows& rows"};
+        body.before = joined({{"const auto [farIndex, stride, count] = rows"}, ends});
+        body.advance = {"++near", "--far", "src += " + row, "twiddles += " + row};
+        break;
+    case BodyKind::InnerRow:
+        const int firstFactors = 2 * (R == 0 ? size - 1 : R - 1);
+        body.sources =
+            joined({plain("src", 2 * size), plain("first", firstFactors), plain("second", 6 * R)});
+        for (int s = 0; s < size / 2; ++s)
+            for (const char* const part : {"near", "nearImaginary", "far", "farImaginary"})
+                body.destinations.push_back(part + strided("", "stride", s + 1).back());
+        body.parameters = {table + "first", table + (R == 0 ? "/*second*/" : "second"),
+                           "const rvn::dct4::InnerRows& rows"};
+        body.before = joined({{"const auto [farIndex, stride, rowStep, count] = rows"}, ends});
+        body.first = {pointer + "const nearImaginary = near + rowStep",
+                      pointer + "const farImaginary = far + rowStep"};
+        body.advance = {"near += 2 * rowStep", "far -= 2 * rowStep", "src += " + row,
+                        "first += " + std::to_string(firstFactors)};
+        if (R != 0)
+            body.advance.push_back("second += " + std::to_string(6 * R));
+        break;
+    }
+    return body;
 }
 
 // The bodies of a mode are the mode-th of their kinds, by size; mode 0 has none.

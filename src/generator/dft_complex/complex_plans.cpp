@@ -13,106 +13,80 @@ namespace rvn::generator
 {
 
 using namespace notation;
+using enum Method;
 using enum OddBins::Form;
 
 namespace
 {
 
-namespace complex
-{
-
-constexpr ComplexStage butterfly = {2, Method::Butterfly};
-
-constexpr ComplexStage direct(int N)
-{
-    return {N, Method::Direct};
-}
-
-constexpr ComplexStage ct(int N, int a, int b)
-{
-    return {N, Method::CooleyTukey, a, b};
-}
-
-constexpr ComplexStage gt(int N, int a, int b)
-{
-    return {N, Method::GoodThomas, a, b};
-}
-
-constexpr ComplexStage rader(int prime)
-{
-    return {prime, Method::Rader};
-}
-
 // clang-format off
 constexpr ComplexPlan plans[] = {
-//  N, a x b   additions, multiplications
-    {butterfly,        4,    0},
-    {direct(3),       12,    4},
-    {ct(4, 2, 2),     16,    0},
-    {direct(5),       32,   16},
-    {gt(6, 3, 2),     36,    8},
-    {direct(7),       60,   36},
-    {ct(8, 2, 4),     52,    4},
-    {ct(9, 3, 3),     80,   40},
-    {gt(10, 2, 5),    84,   32},
-    {rader(11),      156,  100},
-    {gt(12, 4, 3),    96,   16},
-    {rader(13),      176,   72},
-    {gt(14, 2, 7),   148,   72},
-    {gt(15, 3, 5),   156,   68},
-    {ct(16, 2, 8),   148,   28},
-    {rader(17),      264,  108},
-    {gt(18, 2, 9),   196,   80},
-    {rader(19),      364,  220},
-    {gt(20, 4, 5),   208,   64},
-    {gt(21, 3, 7),   264,  136},
-    {gt(22, 2, 11),  356,  200},
-    {rader(23),      644,  484},
-    {gt(24, 8, 3),   252,   44},
-    {ct(25, 5, 5),   352,  224},
-    {gt(26, 13, 2),  404,  144},
-    {ct(27, 9, 3),   380,  220},
-    {gt(28, 7, 4),   352,  144},
-    {rader(29),      656,  396},
-    {gt(30, 5, 6),   372,  136},
-    {rader(31),      692,  384},
-    {ct(32, 8, 4),   376,   88},
-    {gt(33, 3, 11),  600,  344},
-    {gt(34, 2, 17),  596,  216},
-    {gt(35, 5, 7),   524,  292},
-    {gt(36, 9, 4),   464,  160},
-    {rader(37),      864,  444},
-    {gt(38, 19, 2),  804,  440},
-    {gt(39, 3, 13),  684,  268},
-    {gt(40, 5, 8),   516,  148},
-    {rader(41),      960,  452},
-    {gt(42, 7, 6),   612,  272},
-    {rader(43),     1148,  708},
-    {gt(44, 11, 4),  800,  400},
-    {gt(45, 9, 5),   688,  344},
-    {gt(46, 23, 2), 1380,  968},
-    {rader(47),     2612, 2116},
-    {gt(48, 3, 16),  636,  148},
-    {ct(49, 7, 7),   912,  648},
-    {gt(50, 25, 2),  804,  448},
-    {gt(51, 3, 17),  996,  392},
-    {gt(52, 4, 13),  912,  288},
-    {rader(53),     1760,  852},
-    {gt(54, 27, 2),  868,  440},
-    {gt(55, 11, 5), 1132,  676},
-    {gt(56, 7, 8),   844,  316},
-    {gt(57, 19, 3), 1320,  736},
-    {gt(58, 29, 2), 1428,  792},
-    {rader(59),     2796, 1908},
-    {gt(60, 15, 4),  864,  272},
-    {rader(61),     1616,  780},
-    {gt(62, 31, 2), 1508,  768},
-    {gt(63, 7, 9),  1100,  604},
-    {ct(64, 8, 8),   928,  248},
+//   N  method       a   b     additions, multiplications
+    {{ 2, Butterfly},           4,    0},
+    {{ 3, Direct},             12,    4},
+    {{ 4, CooleyTukey, 2,  2},  16,    0},
+    {{ 5, Direct},             32,   16},
+    {{ 6, GoodThomas,  3,  2},  36,    8},
+    {{ 7, Direct},             60,   36},
+    {{ 8, CooleyTukey, 2,  4},  52,    4},
+    {{ 9, CooleyTukey, 3,  3},  80,   40},
+    {{10, GoodThomas,  2,  5},  84,   32},
+    {{11, Rader},             156,  100},
+    {{12, GoodThomas,  4,  3},  96,   16},
+    {{13, Rader},             176,   72},
+    {{14, GoodThomas,  2,  7}, 148,   72},
+    {{15, GoodThomas,  3,  5}, 156,   68},
+    {{16, CooleyTukey, 2,  8}, 148,   28},
+    {{17, Rader},             264,  108},
+    {{18, GoodThomas,  2,  9}, 196,   80},
+    {{19, Rader},             364,  220},
+    {{20, GoodThomas,  4,  5}, 208,   64},
+    {{21, GoodThomas,  3,  7}, 264,  136},
+    {{22, GoodThomas,  2, 11}, 356,  200},
+    {{23, Rader},             644,  484},
+    {{24, GoodThomas,  8,  3}, 252,   44},
+    {{25, CooleyTukey, 5,  5}, 352,  224},
+    {{26, GoodThomas, 13,  2}, 404,  144},
+    {{27, CooleyTukey, 9,  3}, 380,  220},
+    {{28, GoodThomas,  7,  4}, 352,  144},
+    {{29, Rader},             656,  396},
+    {{30, GoodThomas,  5,  6}, 372,  136},
+    {{31, Rader},             692,  384},
+    {{32, CooleyTukey, 8,  4}, 376,   88},
+    {{33, GoodThomas,  3, 11}, 600,  344},
+    {{34, GoodThomas,  2, 17}, 596,  216},
+    {{35, GoodThomas,  5,  7}, 524,  292},
+    {{36, GoodThomas,  9,  4}, 464,  160},
+    {{37, Rader},             864,  444},
+    {{38, GoodThomas, 19,  2}, 804,  440},
+    {{39, GoodThomas,  3, 13}, 684,  268},
+    {{40, GoodThomas,  5,  8}, 516,  148},
+    {{41, Rader},             960,  452},
+    {{42, GoodThomas,  7,  6}, 612,  272},
+    {{43, Rader},            1148,  708},
+    {{44, GoodThomas, 11,  4}, 800,  400},
+    {{45, GoodThomas,  9,  5}, 688,  344},
+    {{46, GoodThomas, 23,  2},1380,  968},
+    {{47, Rader},            2612, 2116},
+    {{48, GoodThomas,  3, 16}, 636,  148},
+    {{49, CooleyTukey, 7,  7}, 912,  648},
+    {{50, GoodThomas, 25,  2}, 804,  448},
+    {{51, GoodThomas,  3, 17}, 996,  392},
+    {{52, GoodThomas,  4, 13}, 912,  288},
+    {{53, Rader},            1760,  852},
+    {{54, GoodThomas, 27,  2}, 868,  440},
+    {{55, GoodThomas, 11,  5},1132,  676},
+    {{56, GoodThomas,  7,  8}, 844,  316},
+    {{57, GoodThomas, 19,  3},1320,  736},
+    {{58, GoodThomas, 29,  2},1428,  792},
+    {{59, Rader},            2796, 1908},
+    {{60, GoodThomas, 15,  4}, 864,  272},
+    {{61, Rader},            1616,  780},
+    {{62, GoodThomas, 31,  2},1508,  768},
+    {{63, GoodThomas,  7,  9},1100,  604},
+    {{64, CooleyTukey, 8,  8}, 928,  248},
 };
 // clang-format on
-
-} // namespace complex
 
 // Real transforms of the parts: forward before the diagonal, inverse behind it.
 // clang-format off
@@ -149,12 +123,12 @@ constexpr bool isSplitOf(int length, const RealStage& stage)
     return stage.length == length && isSplit(length, stage.method, stage.a.length, stage.b.length);
 }
 
-static_assert(std::ranges::all_of(complex::plans, [](const ComplexPlan& row) {
+static_assert(std::ranges::all_of(plans, [](const ComplexPlan& row) {
     const ComplexStage& stage = row.stage;
-    return stage.length == lowestLength + (&row - complex::plans) &&
+    return stage.length == lowestLength + (&row - plans) &&
            isSplit(stage.length, stage.method, stage.a, stage.b);
 }));
-static_assert(std::size(complex::plans) == highestLength - lowestLength + 1);
+static_assert(std::size(plans) == highestLength - lowestLength + 1);
 static_assert(std::ranges::all_of(raders, [](const ComplexRader& row) {
     bool isLeast = isGenerator(row.generator, row.prime);
     for (int g = 2; g < row.generator; ++g)
@@ -166,14 +140,14 @@ static_assert(std::ranges::all_of(raders, [](const ComplexRader& row) {
 
 std::span<const ComplexPlan> complexPlans()
 {
-    return complex::plans;
+    return plans;
 }
 
 const ComplexPlan& complexPlan(int length)
 {
     if (length < lowestLength || length > highestLength)
         throw std::runtime_error("no complex DFT plan for length " + std::to_string(length));
-    return complex::plans[length - lowestLength];
+    return plans[length - lowestLength];
 }
 
 const ComplexRader& complexRader(int prime)

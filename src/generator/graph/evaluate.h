@@ -2,34 +2,35 @@
 // the compiled kernel bit for bit, which tells a generator's fault from a compiler's.
 #pragma once
 
-#include "generator/passes/formats.h"
+#include "generator/graph/graph.h"
 
 namespace rvn::generator
 {
 
-// The outputs, unscaled, with every operation in T.
-template <typename T> std::vector<T> evaluate(const Graph& graph, std::span<const T> inputs)
+// The outputs, unscaled, with every operation in T. `round` takes the number of a node and its
+// value, and gives the value that it has in a narrower format.
+template <typename T, typename Round>
+std::vector<T> evaluate(const Graph& graph, std::span<const T> inputs, Round round)
 {
     std::vector<T> value;
     for (const Node& node : graph.nodes) {
-        const auto [left, right] = node.operand;
-        switch (node.op) {
-        case Op::Load:
-            value.push_back(inputs[node.input]);
-            break;
-        case Op::Add:
-            value.push_back(value[left] + value[right]);
-            break;
-        case Op::Subtract:
-            value.push_back(value[left] - value[right]);
-            break;
-        case Op::Multiply:
-            value.push_back(static_cast<T>(node.constant) * value[left]);
-            break;
-        case Op::Product:
-            value.push_back(value[left] * value[right]);
-            break;
-        }
+        const auto result = [&]() -> T {
+            const auto [left, right] = node.operand;
+            switch (node.op) {
+            case Op::Load:
+                return inputs[node.input];
+            case Op::Add:
+                return value[left] + value[right];
+            case Op::Subtract:
+                return value[left] - value[right];
+            case Op::Multiply:
+                return static_cast<T>(node.constant) * value[left];
+            case Op::Product:
+                return value[left] * value[right];
+            }
+            return {};
+        };
+        value.push_back(round(value.size(), result()));
     }
     std::vector<T> outputs;
     for (const Output& output : graph.outputs)
@@ -37,9 +38,9 @@ template <typename T> std::vector<T> evaluate(const Graph& graph, std::span<cons
     return outputs;
 }
 
-// The outputs, unscaled, with every operation in the format that a kernel uses; binary32 values
-// are held in doubles.
-std::vector<double> evaluate(const Graph& graph, const std::vector<NodeFormat>& formats,
-                             std::span<const double> inputs);
+template <typename T> std::vector<T> evaluate(const Graph& graph, std::span<const T> inputs)
+{
+    return evaluate(graph, inputs, [](std::size_t, T value) { return value; });
+}
 
 } // namespace rvn::generator

@@ -43,7 +43,7 @@ struct InnerRows {
 
 // The bodies of a mode: of env1, of env3 and env7, of env2, of env6. Null where it has none.
 template <typename Element> struct FixedBodies {
-    using Scalar [[gnu::may_alias]] = Element;
+    using Scalar __attribute__((may_alias, aligned(1))) = Element;
     void (*direct)(Scalar* dst, const Scalar* src);
     void (*odd)(Scalar* dst, const Scalar* src, const Sequences& sequences);
     void (*topRow)(Scalar* dst, const Scalar* src, const Scalar* twiddles, const TopRows& rows);
