@@ -1,12 +1,20 @@
 // Loads, arithmetic and stores of a scheduled graph, one operation a line.
 #pragma once
 
-#include "generator/order/scheduled.h"
+#include "generator/order/choice.h"
+#include "generator/passes/formats.h"
 
 #include <string>
 
 namespace rvn::generator
 {
+
+// A graph with all that its text needs.
+struct ScheduledGraph {
+    const Graph& graph;
+    std::vector<NodeFormat> formats;
+    ChosenSchedule chosen;
+};
 
 // C++ expressions of places in memory, such as "in[3]".
 using Places = std::vector<std::string>;

@@ -3,7 +3,7 @@
 #pragma once
 
 #include "generator/kernel.h"
-#include "generator/order/scheduled.h"
+#include "generator/text/body.h"
 
 namespace rvn::generator
 {

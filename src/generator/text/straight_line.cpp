@@ -1,4 +1,3 @@
-#include "generator/text/body.h"
 #include "generator/text/function_text.h"
 #include "generator/text/head.h"
 #include "generator/text/literal.h"
