@@ -1,5 +1,6 @@
-// A kernel as data: all that a family says of one, and all that makes a file of it. Nothing of text
-// or order stands in a family, and nothing of transforms stands behind this header.
+// A kernel as data: all that a family says of one, and all that makes a file of it. No order and,
+// but for the loops of the DCT-IV engine, no text stands in a family, and nothing of transforms
+// stands behind this header.
 #pragma once
 
 #include "generator/passes/formats.h"
