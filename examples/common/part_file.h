@@ -36,9 +36,6 @@ private:
     std::FILE* stream_ = nullptr;
 };
 
-// Throws Failure, with these words after the output's name, where it names the file that was read.
-void expectOtherFile(const std::string& output, const std::string& input, const char* words);
-
 } // namespace examples
 
 #endif

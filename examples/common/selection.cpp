@@ -1,6 +1,8 @@
 // selection.cpp - see selection.h.
 #include "selection.h"
 
+#include "program.h"
+
 #include <algorithm>
 #include <cmath>
 #include <functional>
@@ -31,6 +33,15 @@ Selection keepLargest(std::span<float> coefficients, double share)
             coefficient = 0;
     }
     return {kept, total, smallest};
+}
+
+std::string selectionText(const Selection& selection)
+{
+    const double share =
+        static_cast<double>(selection.kept) / static_cast<double>(selection.total);
+    return std::to_string(selection.kept) + " of " + std::to_string(selection.total) +
+           " coefficients (share " + formatted("%.6g", share) + "), magnitudes from " +
+           formatted("%.4g", selection.smallest);
 }
 
 } // namespace examples

@@ -4,6 +4,7 @@
 
 #include <cstddef>
 #include <span>
+#include <string>
 
 namespace examples
 {
@@ -17,6 +18,9 @@ struct Selection {
 // Sets all but the largest coefficients to zero. The share of them that stays, above 0 and up to 1,
 // is kept to the nearest coefficient, and one stays at least; of equal ones the first.
 Selection keepLargest(std::span<float> coefficients, double share);
+
+// "7 of 68 coefficients (share 0.102941), magnitudes from 0.25"
+std::string selectionText(const Selection& selection);
 
 } // namespace examples
 

@@ -15,7 +15,8 @@ struct Sound {
     std::vector<std::vector<float>> channels; // one or more, equally long
 
     std::size_t samples() const { return channels.front().size(); } // of each channel
-    float peak() const;                                             // the largest magnitude
+    double seconds() const { return static_cast<double>(samples()) / sampleRate; }
+    float peak() const; // the largest magnitude
 };
 
 // Throws Failure unless the file is audio of finite samples, with no more channels than given.
@@ -23,6 +24,12 @@ Sound readSound(const std::string& path, int mostChannels = 2);
 
 // Fills a WAV file of 32-bit floats, which is left to be committed; throws Failure when that fails.
 void writeSound(PartFile& part, const Sound& sound);
+
+// Prints the line "audio  ..." of a report.
+void printSound(const std::string& path, const Sound& sound);
+
+// "mono", or "left" and "right", or numbers.
+std::vector<std::string> channelNames(const Sound& sound);
 
 } // namespace examples
 

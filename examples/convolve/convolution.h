@@ -12,23 +12,28 @@
 #ifndef CONVOLVE_CONVOLUTION_H
 #define CONVOLVE_CONVOLUTION_H
 
-#include <cstdint>
+#include <cstddef>
 #include <span>
 #include <vector>
 
 namespace convolve
 {
 
-constexpr int transformLength = 64;
-constexpr int blockLength = transformLength / 2;
+constexpr std::size_t transformLength = 64;
+constexpr std::size_t blockLength = transformLength / 2;
+
+// Between 64 samples and their spectrum, and the product of two spectra, added to a third.
+void forward(const float* samples, float* spectrum);
+void inverse(const float* spectrum, float* samples);
+void addProduct(const float* a, const float* b, float* sum);
 
 // How many partitions a response of so many taps needs.
 std::size_t partitionsOf(std::size_t taps);
 
 // The calls made so far.
 struct Use {
-    std::int64_t samples = 0;    // that were filtered
-    std::int64_t transforms = 0; // of the recording, there and back
+    std::size_t samples = 0;    // that were filtered
+    std::size_t transforms = 0; // of the recording, there and back
     double seconds = 0;          // in transforms and products only
 };
 

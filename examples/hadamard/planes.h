@@ -19,12 +19,10 @@ using examples::Picture;
 // each block its values in rows from the top.
 struct Layout {
     int order = 0; // blocks of 2^order x 2^order
-    int across = 0;
-    int down = 0;
-    int planes = 0;
+    int across = 0, down = 0, planes = 0;
 
     std::size_t planeSize() const;
-    std::size_t index(int plane, int x, int y) const;
+    std::size_t index(std::size_t plane, int x, int y) const;
 };
 
 struct Planes {

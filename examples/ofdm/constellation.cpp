@@ -42,8 +42,8 @@ std::uint8_t Constellation::decide(Complex received) const
     const auto level = [&](float value) {
         return static_cast<int>(std::clamp(value / (2 * unit_) + half, 0.0f, top));
     };
-    return static_cast<std::uint8_t>(grayCode(level(received.re)) << axisBits_ |
-                                     grayCode(level(received.im)));
+    return static_cast<std::uint8_t>(grayCode(level(received.real())) << axisBits_ |
+                                     grayCode(level(received.imag())));
 }
 
 } // namespace ofdm

@@ -5,9 +5,8 @@
 #ifndef OFDM_CONSTELLATION_H
 #define OFDM_CONSTELLATION_H
 
-#include "complex.h"
+#include "symbol.h"
 
-#include <array>
 #include <cstdint>
 
 namespace ofdm

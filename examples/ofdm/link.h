@@ -6,8 +6,8 @@
 #ifndef OFDM_LINK_H
 #define OFDM_LINK_H
 
-#include "channel.h"
-#include "receiver.h"
+#include "modem.h"
+#include "picture.h"
 
 namespace ofdm
 {
@@ -58,6 +58,12 @@ private:
     Tally tally_;
     std::vector<Complex> points_;
 };
+
+// The samples of a picture of 8 bits a sample as bytes to send, without alpha, and the picture with
+// its colours replaced by received ones. They are scrambled, that is, combined with random bits that
+// both sides know: flat parts of a picture would repeat one symbol, whose peaks may be high.
+std::vector<std::uint8_t> payloadOf(const examples::Picture& picture);
+examples::Picture pictureFrom(std::vector<std::uint8_t> payload, const examples::Picture& sent);
 
 } // namespace ofdm
 

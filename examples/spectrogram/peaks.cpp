@@ -18,8 +18,6 @@
 // frames allow a tone at f, and no tone is louder than the power about its maximum supports.
 #include "peaks.h"
 
-#include "frames.h"
-
 #include <algorithm>
 #include <cmath>
 #include <functional>
@@ -54,6 +52,26 @@ Match together(const Match& even, const Match& odd, double share)
 {
     return {std::sqrt(share) * even.product + std::sqrt(1 - share) * odd.product,
             share * even.square + (1 - share) * odd.square};
+}
+
+// The response of a frame without a window: the mean of cos(2 pi x (n - (N - 1) / 2) / N).
+double plainResponse(int length, double x)
+{
+    using std::numbers::pi;
+    const double denominator = length * std::sin(pi * x / length);
+    if (std::abs(denominator) > 1e-9)
+        return std::sin(pi * x) / denominator;
+    const bool oddTurn = std::lround(x / length) % 2 != 0; // x is a multiple of N
+    return oddTurn && length % 2 == 0 ? -1.0 : 1.0;
+}
+
+// The mean over n of w[n] exp(2 pi i x (n - (N - 1) / 2) / N): what a tone of amplitude 1 that lies
+// x bins beside a bin leaves in it. The window is 1/2 - exp(+...)/4 - exp(-...)/4, and half a turn
+// lies between n + 1/2 and the frame's centre: the three terms have the same sign there.
+double hannResponse(int length, double x)
+{
+    return plainResponse(length, x) / 2 + plainResponse(length, x - 1) / 4 +
+           plainResponse(length, x + 1) / 4;
 }
 
 class ToneFit
@@ -149,7 +167,8 @@ private:
 
 } // namespace
 
-std::vector<Peak> strongestPeaks(const Analysis& analysis, const Panel& panel, int mostPeaks)
+std::vector<Peak> strongestPeaks(const Analysis& analysis, const Panel& panel, int sampleRate,
+                                 int mostPeaks)
 {
     const int length = analysis.shape.length;
     const bool iq = analysis.shape.iq;
@@ -173,7 +192,7 @@ std::vector<Peak> strongestPeaks(const Analysis& analysis, const Panel& panel, i
         double f = fit.refine(k);
         if (iq)
             f -= length * std::floor(f / length + 0.5);
-        peaks.push_back({f * analysis.sampleRate / length, fit.at(k, f).second});
+        peaks.push_back({f * sampleRate / length, fit.at(k, f).second});
     }
     std::ranges::sort(peaks, std::greater<>(), &Peak::amplitude);
     return peaks;

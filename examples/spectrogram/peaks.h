@@ -14,7 +14,8 @@ struct Peak {
 
 // At most mostPeaks peaks, the strongest first, none weaker than the first one by 60 dB or more.
 // No peak at all means silence.
-std::vector<Peak> strongestPeaks(const Analysis& analysis, const Panel& panel, int mostPeaks);
+std::vector<Peak> strongestPeaks(const Analysis& analysis, const Panel& panel, int sampleRate,
+                                 int mostPeaks);
 
 } // namespace spectrogram
 
