@@ -1,61 +1,45 @@
 // command_line.cpp - see command_line.h. Numbers are read by std::from_chars, which takes neither
-// blanks nor octal digits, and bounds are asked for such that NaN is outside.
+// blanks nor octal digits.
 #include "command_line.h"
 
 #include "program.h"
 
 #include <CLI/CLI.hpp>
+#include <algorithm>
 #include <charconv>
-#include <cmath>
 #include <filesystem>
 
-namespace examples
-{
 namespace
 {
 
-template <typename Number> bool parsed(const std::string& text, Number& value)
+// Bounds are asked for such that NaN is outside.
+template <typename Number>
+Number within(const std::string& name, const std::string& text, Number least, Number most,
+              bool isOpen, const std::string& wanted)
 {
+    Number value = 0;
     const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), value);
-    return error == std::errc() && end == text.data() + text.size();
+    if (error == std::errc() && end == text.data() + text.size() && value <= most &&
+        (isOpen ? value > least : value >= least))
+        return value;
+    throw UsageFailure(name + " must be " + wanted + (isOpen ? " above " : " from ") +
+                       formatted("%.9g", least) + " to " + formatted("%.9g", most) + ", not '" +
+                       text + "'");
 }
 
-[[noreturn]] void refuse(const std::string& name, const std::string& wanted,
-                         const std::string& text)
+// In lines for the right column of --help.
+std::string wrapped(std::string text)
 {
-    throw UsageFailure(name + " must be " + wanted + ", not '" + text + "'");
-}
-
-std::string longName(const std::string& names)
-{
-    return names.substr(names.find("--"));
+    constexpr std::size_t width = 60;
+    for (std::size_t begin = 0; text.size() > begin + width;) {
+        const std::size_t blank = text.rfind(' ', begin + width);
+        text[blank] = '\n';
+        begin = blank + 1;
+    }
+    return text;
 }
 
 } // namespace
-
-int wholeNumber(const std::string& name, const std::string& text, int least, int most)
-{
-    int value = 0;
-    if (!parsed(text, value) || value < least || value > most)
-        refuse(name,
-               "a whole number from " + std::to_string(least) + " to " + std::to_string(most),
-               text);
-    return value;
-}
-
-double numberOf(const std::string& name, const std::string& text, Bounds bounds)
-{
-    double value = 0;
-    const bool isAbove = parsed(text, value) &&
-                         (bounds.isOpen ? value > bounds.least : value >= bounds.least);
-    if (isAbove && value <= bounds.most && (std::isfinite(value) || text == "inf"))
-        return value;
-    const std::string least = formatted(bounds.isOpen ? "above %g" : "from %g", bounds.least);
-    refuse(name,
-           "a number " + least +
-               (std::isfinite(bounds.most) ? formatted(" to %g", bounds.most) : ""),
-           text);
-}
 
 CommandLine::CommandLine(const std::string& name, const std::string& purpose)
     : app_(std::make_unique<CLI::App>(purpose, name))
@@ -63,70 +47,31 @@ CommandLine::CommandLine(const std::string& name, const std::string& purpose)
     app_->set_help_flag("-h,--help", "print this text");
     app_->option_defaults()->always_capture_default()->multi_option_policy(
         CLI::MultiOptionPolicy::TakeLast);
-    app_->get_formatter()->column_width(26);
+    app_->get_formatter()->column_width(30);
 }
 
 CommandLine::~CommandLine() = default;
 
 void CommandLine::input(const std::string& name, std::string& path)
 {
-    app_->add_option(name, path)->type_name("")->capture_default_str();
+    app_->add_option(name, path)
+        ->type_name("")
+        ->required()
+        ->multi_option_policy(CLI::MultiOptionPolicy::Throw);
+}
+
+void CommandLine::option(const std::string& names, const std::string& kind, std::string& text,
+                         const std::string& help)
+{
+    app_->add_option(names, text, wrapped(help))
+        ->type_name(kind)
+        ->check(
+            [](const std::string& given) { return std::string(given.empty() ? "is empty" : ""); });
 }
 
 void CommandLine::flag(const std::string& names, bool& value, const std::string& help)
 {
-    app_->add_flag(names, value, help);
-}
-
-void CommandLine::text(const std::string& names, std::string& value, const std::string& kind,
-                       const std::string& help)
-{
-    app_->add_option(names, value, help)->type_name(kind);
-}
-
-void CommandLine::whole(const std::string& names, int& value, int least, int most,
-                        const std::string& help)
-{
-    const auto set = [=, &value](const std::string& text) {
-        value = wholeNumber(longName(names), text, least, most);
-    };
-    app_->add_option_function<std::string>(names, set, help)
-        ->type_name("N")
-        ->default_str(std::to_string(value));
-}
-
-void CommandLine::real(const std::string& names, double& value, Bounds bounds,
-                       const std::string& help)
-{
-    const auto set = [=, &value](const std::string& text) {
-        value = numberOf(longName(names), text, bounds);
-    };
-    app_->add_option_function<std::string>(names, set, help)
-        ->type_name("X")
-        ->default_str(formatted("%g", value));
-}
-
-void CommandLine::choice(const std::string& names, std::string& value,
-                         const std::vector<std::string>& choices, const std::string& help)
-{
-    const auto set = [=, &value](const std::string& text) {
-        if (std::ranges::find(choices, text) == choices.end())
-            refuse(longName(names), CLI::detail::join(choices, ", "), text);
-        value = text;
-    };
-    app_->add_option_function<std::string>(names, set, help)
-        ->type_name(CLI::detail::join(choices, "|"))
-        ->default_str(value);
-}
-
-void CommandLine::file(const std::string& names, std::string& path, const std::string& help)
-{
-    const auto set = [=, &path](const std::string& text) {
-        if (text.empty())
-            throw UsageFailure("the file name of " + longName(names) + " is empty");
-        path = text;
-    };
-    app_->add_option_function<std::string>(names, set, help)->type_name("FILE");
+    app_->add_flag(names, value, wrapped(help));
 }
 
 bool CommandLine::parse(int argc, char** argv)
@@ -142,16 +87,39 @@ bool CommandLine::parse(int argc, char** argv)
     return true;
 }
 
-std::string resultName(const std::string& input, const std::string& ending)
+int wholeNumber(const std::string& name, const std::string& text, int least, int most)
 {
-    return std::filesystem::path(input).stem().string() + ending;
+    return within(name, text, least, most, false, "a whole number");
 }
 
-void expectOtherFile(const std::string& output, const std::string& input, const char* words)
+double number(const std::string& name, const std::string& text, double least, double most,
+              bool isOpen)
+{
+    return within(name, text, least, most, isOpen, "a number");
+}
+
+double share(const std::string& name, const std::string& text)
+{
+    return number(name, text, 0, 1, true);
+}
+
+int choice(const std::string& name, const std::string& text, const std::vector<std::string>& words)
+{
+    const auto found = std::ranges::find(words, text);
+    if (found == words.end())
+        throw UsageFailure(name + " must be one of " + CLI::detail::join(words, ", ") + ", not '" +
+                           text + "'");
+    return static_cast<int>(found - words.begin());
+}
+
+std::string resultName(const std::string& given, const std::string& input, const char* ending)
+{
+    return given.empty() ? std::filesystem::path(input).stem().string() + ending : given;
+}
+
+void expectOtherFile(const std::string& output, const std::string& input, const std::string& words)
 {
     std::error_code ignored;
     if (std::filesystem::equivalent(output, input, ignored))
         throw Failure("'" + output + "' " + words);
 }
-
-} // namespace examples

@@ -13,17 +13,6 @@ namespace CLI
 class App;
 }
 
-namespace examples
-{
-
-// What an option's number may be; both ends included but for `least` when it is open.
-struct Bounds {
-    double least, most;
-    bool isOpen = false;
-};
-
-constexpr Bounds aShare = {0, 1, true};
-
 class CommandLine
 {
 public:
@@ -33,17 +22,11 @@ public:
     // The file that is read; one, and it must be given.
     void input(const std::string& name, std::string& path);
 
-    // Options, by names as in "-n,--length". Without one its variable stays as it is, and that is
-    // shown as the default. A file's name is not empty. A real number may be "inf" where the upper
-    // bound is infinite.
+    // Options, by names as in "-n,--length". The text is the default, and what is given is not
+    // empty.
+    void option(const std::string& names, const std::string& kind, std::string& text,
+                const std::string& help);
     void flag(const std::string& names, bool& value, const std::string& help);
-    void whole(const std::string& names, int& value, int least, int most, const std::string& help);
-    void real(const std::string& names, double& value, Bounds bounds, const std::string& help);
-    void choice(const std::string& names, std::string& value,
-                const std::vector<std::string>& choices, const std::string& help);
-    void file(const std::string& names, std::string& path, const std::string& help);
-    void text(const std::string& names, std::string& value, const std::string& kind,
-              const std::string& help);
 
     // False: --help was asked for and is printed. Throws UsageFailure for what makes no sense.
     bool parse(int argc, char** argv);
@@ -52,16 +35,19 @@ private:
     std::unique_ptr<CLI::App> app_;
 };
 
-// The number that a whole text is; throws UsageFailure for any other, or one out of bounds.
+// What the text of an option stands for; throw UsageFailure, with its name, for anything else: a
+// whole number from least to most; a finite number from least or, where that is open, above it, to
+// most; a share above 0 and up to 1; the place in a list of words.
 int wholeNumber(const std::string& name, const std::string& text, int least, int most);
-double numberOf(const std::string& name, const std::string& text, Bounds bounds);
+double number(const std::string& name, const std::string& text, double least, double most,
+              bool isOpen = false);
+double share(const std::string& name, const std::string& text);
+int choice(const std::string& name, const std::string& text, const std::vector<std::string>& words);
 
-// The name of a result in this directory: that of the input with another ending.
-std::string resultName(const std::string& input, const std::string& ending);
+// The name that was given or else, in this directory, that of the input with another ending.
+std::string resultName(const std::string& given, const std::string& input, const char* ending);
 
 // Throws Failure, with these words after the output's name, where it names the file that was read.
-void expectOtherFile(const std::string& output, const std::string& input, const char* words);
-
-} // namespace examples
+void expectOtherFile(const std::string& output, const std::string& input, const std::string& words);
 
 #endif

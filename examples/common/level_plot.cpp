@@ -1,4 +1,4 @@
-// level_plot.cpp - one level a pixel, panels at fixed places.
+// level_plot.cpp - panels at fixed places.
 #include "level_plot.h"
 
 #include "plot.h"
@@ -7,8 +7,6 @@
 #include <algorithm>
 #include <cmath>
 
-namespace examples
-{
 namespace
 {
 
@@ -19,39 +17,55 @@ constexpr const char* palette =
 // Lengths on the whole picture, counted from its lower left corner.
 std::string across(int pixels)
 {
-    return " screen " + number(static_cast<double>(pixels) / pictureWidth);
+    return " screen " + plotNumber(1.0 * pixels / pictureWidth);
 }
 std::string upwards(int pixels, int panels)
 {
-    return " screen " + number(1 - static_cast<double>(pixels) / pictureHeight(panels));
+    return " screen " + plotNumber(1 - 1.0 * pixels / pictureHeight(panels));
 }
 
-Stretch pixel(int index, int count)
+// So many cells as one, that there are no more of them than pixels.
+std::size_t together(const Cells& cells, int pixels)
 {
-    const double size = count;
-    return {index / size, (index + 1) / size};
+    return (cells.count + pixels - 1) / pixels;
 }
 
-std::vector<float> pixels(const LevelPlot& plot, std::size_t panel, int height)
+// Along one axis: the size of an image's cell in its unit, and the middle of its first one.
+std::string placeOf(const char* axis, const Cells& cells, std::size_t merged, double unit,
+                    std::string& origin)
 {
-    std::vector<float> levels;
-    for (int y = 0; y < height; ++y)
-        for (int x = 0; x < panelWidth; ++x)
-            levels.push_back(
-                static_cast<float>(plot.level(panel, pixel(x, panelWidth), pixel(y, height))));
-    return levels;
+    origin += (origin.empty() ? "" : ",") +
+              plotNumber((cells.first + cells.step * static_cast<double>(merged - 1) / 2) / unit);
+    return std::string(" d") + axis + "=" +
+           plotNumber(cells.step * static_cast<double>(merged) / unit);
 }
 
-// The command that draws that many values evenly over the axes.
-std::string imageCommand(double seconds, double low, double high, int height)
+// The command that draws the cells of a panel, and their levels, merged by their largest.
+void addImage(Plot& script, const LevelPlot& plot, const LevelPanel& panel, int height,
+              double timeUnit, double frequencyUnit)
 {
-    const double dx = seconds / panelWidth, dy = (high - low) / height;
-    return "plot '-' binary format='%float32' array=(" + std::to_string(panelWidth) + "," +
-           std::to_string(height) + ") dx=" + number(dx) + " dy=" + number(dy) + " origin=(" +
-           number(dx / 2) + "," + number(low + dy / 2) + ") with image notitle";
+    const std::size_t dx = together(plot.time, panelWidth), dy = together(plot.frequency, height);
+    const std::size_t columns = (plot.time.count + dx - 1) / dx;
+    const std::size_t rows = (plot.frequency.count + dy - 1) / dy;
+    std::vector<float> image(columns * rows, -INFINITY);
+    for (std::size_t i = 0; i < panel.levels.size(); ++i) {
+        const std::size_t x = i / plot.frequency.count / dx, y = i % plot.frequency.count / dy;
+        image[y * columns + x] = std::max(image[y * columns + x], panel.levels[i]);
+    }
+    std::string origin, sizes = placeOf("x", plot.time, dx, timeUnit, origin);
+    sizes += placeOf("y", plot.frequency, dy, frequencyUnit, origin);
+    script << "plot '-' binary format='%float32' array=(" + std::to_string(columns) + "," +
+                  std::to_string(rows) + ")" + sizes + " origin=(" + origin +
+                  ") with image pixels notitle";
+    script.add(image);
 }
 
 } // namespace
+
+float levelOf(double power)
+{
+    return static_cast<float>(std::max(-200.0, 10 * std::log10(power)));
+}
 
 Unit timeUnit(double seconds)
 {
@@ -66,45 +80,48 @@ Unit frequencyUnit(double hertz)
 void drawLevels(PartFile& file, const LevelPlot& plot)
 {
     const int panels = static_cast<int>(plot.panels.size()), height = panelHeight(panels);
-    const double top = std::max(0.0, 10 * std::ceil(plot.strongest / 10));
+    const int bottom = panelTopOf(panels, panels) - panelGap, legend = panelLeft + panelWidth + 20;
+    float strongest = 0;
+    for (const LevelPanel& panel : plot.panels)
+        strongest = std::max(strongest, std::ranges::max(panel.levels));
+    const double top = 10 * std::ceil(strongest / 10);
     const Unit time = timeUnit(plot.seconds), frequency = frequencyUnit(plot.highestFrequency);
-    const double seconds = plot.seconds / time.size;
-    const double low = plot.lowestFrequency / frequency.size;
-    const double high = plot.highestFrequency / frequency.size;
 
     Plot script(pictureWidth, pictureHeight(panels));
     script << palette << "set multiplot"
-           << "set cbrange [" + number(top - legendRange) + ":" + number(top) + "]"
-           << "set xrange [0:" + number(seconds) + "]"
-           << "set yrange [" + number(low) + ":" + number(high) + "]"
-           << "set tics out" << std::string("set ylabel 'frequency in ") + frequency.name + "'"
-           << "set lmargin at" + across(panelLeft) << "set rmargin at" + across(panelLeft + panelWidth)
-           << "set label 1 " + quoted(plot.title) + " font ',14' at" + across(panelLeft) + "," +
+           << "set tics out"
+           << "set cbrange [" + plotNumber(top - legendRange) + ":" + plotNumber(top) + "]"
+           << "set xrange [0:" + plotNumber(plot.seconds / time.size) + "]"
+           << "set yrange [" + plotNumber(plot.lowestFrequency / frequency.size) + ":" +
+                  plotNumber(plot.highestFrequency / frequency.size) + "]"
+           << std::string("set ylabel 'frequency in ") + frequency.name + "'"
+           << "set lmargin at" + across(panelLeft)
+           << "set rmargin at" + across(panelLeft + panelWidth)
+           << "set label " + quoted(plot.title) + " font ',14' at" + across(panelLeft) + "," +
                   upwards(24, panels)
-           << "set label 2 " + quoted(plot.subtitle) + " at" + across(panelLeft) + "," +
+           << "set label " + quoted(plot.subtitle) + " at" + across(panelLeft) + "," +
                   upwards(48, panels)
-           << "set label 3 'dBFS' at" + across(panelLeft + panelWidth + 20) + "," +
-                  upwards(panelTop - 14, panels)
-           << "set colorbox user origin" + across(panelLeft + panelWidth + 20) + "," +
-                  upwards(panelTopOf(panels, panels) - panelGap, panels) + " size" + across(16) + "," +
-                  number(static_cast<double>(panelTopOf(panels, panels) - panelGap - panelTop) /
-                         pictureHeight(panels));
-    for (int panel = 0; panel < panels; ++panel) {
-        const int begin = panelTopOf(panels, panel);
-        const auto index = static_cast<std::size_t>(panel);
+           << "set label 'dBFS' at" + across(legend) + "," + upwards(panelTop - 14, panels)
+           << "set colorbox user origin" + across(legend) + "," + upwards(bottom, panels) +
+                  " size" + across(16) + "," +
+                  plotNumber(1.0 * (bottom - panelTop) / pictureHeight(panels));
+    for (int i = 0; i < panels; ++i) {
+        const int begin = panelTopOf(panels, i);
         script << "set tmargin at" + upwards(begin, panels)
                << "set bmargin at" + upwards(begin + height, panels)
-               << "set label 4 " + quoted(plot.panels[index]) + " at" + across(panelLeft) + "," +
-                      upwards(begin - 12, panels);
-        if (panel + 1 == panels)
-            script << std::string("set format x '%g'\nset xlabel 'time in ") + time.name + "'";
-        else
-            script << "set format x ''";
-        script << imageCommand(seconds, low, high, height);
-        script.add(pixels(plot, index, height));
+               << "set label " + quoted(plot.panels[i].name) + " at" + across(panelLeft) + "," +
+                      upwards(begin - 12, panels)
+               << (i + 1 < panels
+                       ? "set format x ''"
+                       : std::string("set format x '%g'\nset xlabel 'time in ") + time.name + "'");
+        addImage(script, plot, plot.panels[i], height, time.size, frequency.size);
         script << "unset label\nunset colorbox";
     }
     script.draw(file);
 }
 
-} // namespace examples
+void printLevelPicture(const std::string& path, std::size_t panels)
+{
+    std::printf("picture      %s, %d x %d pixels\n", printable(path).c_str(), pictureWidth,
+                pictureHeight(static_cast<int>(panels)));
+}

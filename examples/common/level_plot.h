@@ -3,14 +3,10 @@
 #ifndef EXAMPLES_LEVEL_PLOT_H
 #define EXAMPLES_LEVEL_PLOT_H
 
-#include "part_file.h"
+#include "sound.h"
 
-#include <functional>
 #include <string>
 #include <vector>
-
-namespace examples
-{
 
 // Pixels. The panels stand one above the other, from the start of the signal on the left to its end
 // on the right, from the lowest frequency at the bottom to the highest at the top.
@@ -34,28 +30,35 @@ constexpr int pictureHeight(int panels)
 // it begins at 0 dB, or at the next multiple of 10 dB for what is louder than full scale.
 constexpr double legendRange = 90;
 
-constexpr double lowestLevel = -200; // dB, for what is exactly zero
+// One row of levels in dB a cell of time, from the lowest frequency to the highest.
+struct LevelPanel {
+    std::string name;
+    std::vector<float> levels;
+};
 
-// A stretch of a panel's time or frequency axis, which runs from 0 to 1.
-struct Stretch {
-    double begin, end;
-
-    double middle() const { return (begin + end) / 2; }
+// Where the middle of the first cell or bin is, and how far it is to the next.
+struct Cells {
+    double first, step;
+    std::size_t count;
 };
 
 struct LevelPlot {
     std::string title, subtitle;
-    std::vector<std::string> panels; // the names of the signals
-    double seconds = 0;              // that they last
+    double seconds = 0; // that the signal lasts
     double lowestFrequency = 0, highestFrequency = 0;
-    double strongest = lowestLevel; // of all levels
-
-    // The level in dB of a panel at a pixel.
-    std::function<double(std::size_t panel, Stretch time, Stretch frequency)> level;
+    Cells time = {}, frequency = {}; // in seconds and Hz
+    std::vector<LevelPanel> panels;
 };
 
-// Fills a PNG file, which is left to be committed; throws Failure when that fails.
+// Of the power of a cell over that of full scale, for zero too.
+float levelOf(double power);
+
+// Fills a PNG file, which is left to be committed; throws Failure when
+// that fails. Where cells are smaller than pixels, the strongest is seen.
 void drawLevels(PartFile& file, const LevelPlot& plot);
+
+// Prints the line "picture  ..." of a report.
+void printLevelPicture(const std::string& path, std::size_t panels);
 
 struct Unit {
     const char* name;
@@ -64,7 +67,5 @@ struct Unit {
 
 Unit timeUnit(double seconds);
 Unit frequencyUnit(double hertz);
-
-} // namespace examples
 
 #endif

@@ -8,8 +8,6 @@
 #include <unistd.h>
 #include <utility>
 
-namespace examples
-{
 namespace
 {
 
@@ -65,5 +63,3 @@ void PartFile::fail(const std::string& reason) const
 {
     refuse(path_, errno != 0 ? std::strerror(errno) : reason);
 }
-
-} // namespace examples

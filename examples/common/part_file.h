@@ -9,9 +9,6 @@
 #include <filesystem>
 #include <string>
 
-namespace examples
-{
-
 class PartFile
 {
 public:
@@ -35,7 +32,5 @@ private:
     std::filesystem::path target_, part_;
     std::FILE* stream_ = nullptr;
 };
-
-} // namespace examples
 
 #endif

@@ -14,8 +14,6 @@
 #include <new>
 #include <spng.h>
 
-namespace examples
-{
 namespace
 {
 
@@ -102,7 +100,7 @@ void writePicture(PartFile& file, const Picture& picture)
         bytes.assign(picture.samples.begin(), picture.samples.end());
     const void* const data =
         picture.depth == 8 ? static_cast<const void*>(bytes.data()) : picture.samples.data();
-    const std::size_t size = picture.samples.size() * static_cast<std::size_t>(picture.depth / 8);
+    const std::size_t size = picture.samples.size() * (picture.depth / 8);
 
     const Context png = context(SPNG_CTX_ENCODER);
     int error = spng_set_png_file(png.get(), file.stream());
@@ -149,5 +147,3 @@ void printPeakRatio(const Comparison& comparison, const Picture& picture, const 
         std::printf("PSNR           %.2f dB\n",
                     10 * std::log10(peak * peak / comparison.meanSquare));
 }
-
-} // namespace examples

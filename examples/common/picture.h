@@ -8,9 +8,6 @@
 #include <string>
 #include <vector>
 
-namespace examples
-{
-
 struct Picture {
     int width = 0, height = 0;
     int channels = 0; // grey or red, green, blue; then, if there is one, the alpha channel
@@ -20,10 +17,7 @@ struct Picture {
     std::vector<std::uint16_t> samples;
 
     std::size_t colors() const { return channels < 3 ? 1 : 3; } // channels without alpha
-    bool isColor(std::size_t sample) const
-    {
-        return sample % static_cast<std::size_t>(channels) < colors();
-    }
+    bool isColor(std::size_t sample) const { return sample % channels < colors(); }
     int peak() const { return (1 << depth) - 1; } // the largest value of a sample
 };
 
@@ -48,7 +42,5 @@ Comparison compare(const Picture& original, const Picture& rebuilt);
 
 // Prints the line "PSNR  ...", the peak signal-to-noise ratio 10 log10(peak^2 / mean square).
 void printPeakRatio(const Comparison& comparison, const Picture& picture, const char* ifEqual);
-
-} // namespace examples
 
 #endif

@@ -15,8 +15,6 @@
 
 extern char** environ;
 
-namespace examples
-{
 namespace
 {
 
@@ -113,7 +111,7 @@ std::string quoted(const std::string& text)
     return result + "'";
 }
 
-std::string number(double value)
+std::string plotNumber(double value)
 {
     return formatted("%.9g", value);
 }
@@ -128,5 +126,3 @@ std::string titleOf(const std::string& path)
             return name.substr(0, i) + "...";
     return name;
 }
-
-} // namespace examples

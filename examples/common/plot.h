@@ -8,9 +8,6 @@
 #include <sstream>
 #include <string>
 
-namespace examples
-{
-
 class Plot
 {
 public:
@@ -38,11 +35,9 @@ private:
 
 // A text, a number as gnuplot reads it.
 std::string quoted(const std::string& text);
-std::string number(double value);
+std::string plotNumber(double value);
 
 // The last part of a path, cut where it is too long for a title.
 std::string titleOf(const std::string& path);
-
-} // namespace examples
 
 #endif

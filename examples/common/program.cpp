@@ -7,8 +7,6 @@
 #include <cstdio>
 #include <new>
 
-namespace examples
-{
 namespace
 {
 
@@ -78,5 +76,3 @@ int runProgram(const char* name, int argc, char** argv, void (*run)(int argc, ch
         return complain(name, failure.what(), 1);
     }
 }
-
-} // namespace examples

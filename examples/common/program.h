@@ -7,9 +7,6 @@
 #include <stdexcept>
 #include <string>
 
-namespace examples
-{
-
 // The input, the output or the work on them is at fault.
 struct Failure : std::runtime_error {
     using std::runtime_error::runtime_error;
@@ -49,7 +46,5 @@ template <typename Work> void timed(double& seconds, Work work)
     work();
     seconds += std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count();
 }
-
-} // namespace examples
 
 #endif

@@ -8,9 +8,6 @@
 #include <functional>
 #include <vector>
 
-namespace examples
-{
-
 Selection keepLargest(std::span<float> coefficients, double share)
 {
     const std::size_t total = coefficients.size();
@@ -21,7 +18,7 @@ Selection keepLargest(std::span<float> coefficients, double share)
     magnitudes.reserve(total);
     for (const float coefficient : coefficients)
         magnitudes.push_back(std::abs(coefficient));
-    const auto last = magnitudes.begin() + static_cast<std::ptrdiff_t>(kept - 1);
+    const auto last = magnitudes.begin() + (kept - 1);
     std::nth_element(magnitudes.begin(), last, magnitudes.end(), std::greater<>());
     const float smallest = *last;
 
@@ -37,11 +34,8 @@ Selection keepLargest(std::span<float> coefficients, double share)
 
 std::string selectionText(const Selection& selection)
 {
-    const double share =
-        static_cast<double>(selection.kept) / static_cast<double>(selection.total);
+    const double share = static_cast<double>(selection.kept) / static_cast<double>(selection.total);
     return std::to_string(selection.kept) + " of " + std::to_string(selection.total) +
            " coefficients (share " + formatted("%.6g", share) + "), magnitudes from " +
            formatted("%.4g", selection.smallest);
 }
-
-} // namespace examples

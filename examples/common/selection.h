@@ -6,9 +6,6 @@
 #include <span>
 #include <string>
 
-namespace examples
-{
-
 struct Selection {
     std::size_t kept = 0;
     std::size_t total = 0;
@@ -21,7 +18,5 @@ Selection keepLargest(std::span<float> coefficients, double share);
 
 // "7 of 68 coefficients (share 0.102941), magnitudes from 0.25"
 std::string selectionText(const Selection& selection);
-
-} // namespace examples
 
 #endif

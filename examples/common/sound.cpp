@@ -1,7 +1,8 @@
-// sound.cpp - through libsndfile, which turns every sample format into floats. Channels are apart in
-// memory and interleaved in files.
+// sound.cpp - through libsndfile, which turns every sample format into floats. Channels are apart
+// in memory and interleaved in files.
 #include "sound.h"
 
+#include "level_plot.h"
 #include "program.h"
 
 #include <algorithm>
@@ -10,8 +11,6 @@
 #include <filesystem>
 #include <sndfile.hh>
 
-namespace examples
-{
 namespace
 {
 
@@ -65,7 +64,7 @@ Sound readSound(const std::string& path, int mostChannels)
     Sound sound = {file.samplerate(), std::vector<std::vector<float>>(channels)};
     std::vector<float> batch(batchSamples * channels);
     for (sf_count_t count; (count = file.readf(batch.data(), batchSamples)) > 0;)
-        for (std::size_t i = 0; i < static_cast<std::size_t>(count) * channels; ++i) {
+        for (std::size_t i = 0; i < count * channels; ++i) {
             if (!(std::abs(batch[i]) <= largestSample)) // so that NaN is refused too
                 refuse("holds samples that are not finite sound");
             sound.channels[i % channels].push_back(batch[i]);
@@ -92,8 +91,7 @@ void writeSound(PartFile& part, const Sound& sound)
         for (std::size_t n = first; n < first + count; ++n)
             for (const std::vector<float>& channel : sound.channels)
                 batch.push_back(channel[n]);
-        if (file.writef(batch.data(), static_cast<sf_count_t>(count)) !=
-            static_cast<sf_count_t>(count))
+        if (file.writef(batch.data(), count) != static_cast<sf_count_t>(count))
             part.fail(file.strError());
     }
     file.writeSync();
@@ -101,11 +99,13 @@ void writeSound(PartFile& part, const Sound& sound)
         part.fail("the file could not be closed");
 }
 
-void printSound(const std::string& path, const Sound& sound)
+void printSound(const std::string& path, const Sound& sound, const std::string& words)
 {
-    std::printf("audio        %s: %d Hz, %s, %.3f s, %s\n", printable(path).c_str(),
-                sound.sampleRate, counted(sound.samples(), "sample").c_str(), sound.seconds(),
-                counted(sound.channels.size(), "channel").c_str());
+    const Unit unit = timeUnit(sound.seconds());
+    std::printf("audio        %s: %d Hz, %s, %.3f %s, %s\n", printable(path).c_str(),
+                sound.sampleRate, counted(sound.samples(), "sample").c_str(),
+                sound.seconds() / unit.size, unit.name,
+                words.empty() ? counted(sound.channels.size(), "channel").c_str() : words.c_str());
 }
 
 std::vector<std::string> channelNames(const Sound& sound)
@@ -119,5 +119,3 @@ std::vector<std::string> channelNames(const Sound& sound)
         names.push_back("channel " + std::to_string(i));
     return names;
 }
-
-} // namespace examples

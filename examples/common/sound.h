@@ -7,9 +7,6 @@
 #include <string>
 #include <vector>
 
-namespace examples
-{
-
 struct Sound {
     int sampleRate = 0;
     std::vector<std::vector<float>> channels; // one or more, equally long
@@ -25,12 +22,10 @@ Sound readSound(const std::string& path, int mostChannels = 2);
 // Fills a WAV file of 32-bit floats, which is left to be committed; throws Failure when that fails.
 void writeSound(PartFile& part, const Sound& sound);
 
-// Prints the line "audio  ..." of a report.
-void printSound(const std::string& path, const Sound& sound);
+// Prints the line "audio  ..." of a report, with the number of channels or these words.
+void printSound(const std::string& path, const Sound& sound, const std::string& words = "");
 
 // "mono", or "left" and "right", or numbers.
 std::vector<std::string> channelNames(const Sound& sound);
-
-} // namespace examples
 
 #endif

@@ -10,15 +10,12 @@
 
 #include <string>
 
-namespace convolve
-{
-
 struct Options {
     std::string input, output;
     std::string picture;      // empty: none
     std::string responseFile; // empty: the response is designed
     Band band;                // to be passed by the designed response
-    int taps = 33;            // of the designed response
+    int taps = 0;             // of the designed response
 };
 
 // False: --help is printed, and all is done. Throws UsageFailure when it makes no sense.
@@ -31,12 +28,9 @@ void expectOtherFiles(const Options& options);
 std::vector<float> responseOf(const Options& options, int sampleRate);
 
 // The filtered recording and, if it is wanted, the picture take their names when both are whole.
-void writeFiles(const Options& options, const examples::Sound& sound,
-                const examples::Sound& filtered);
+void writeFiles(const Options& options, const Sound& sound, const Sound& filtered);
 
-void printReport(const Options& options, const examples::Sound& sound, std::size_t taps,
-                 const examples::Sound& filtered, const Use& use, Distance distance);
-
-} // namespace convolve
+void printReport(const Options& options, const Sound& sound, std::size_t taps,
+                 const Sound& filtered, const Use& use, Distance distance);
 
 #endif

@@ -6,8 +6,6 @@
 #include <algorithm>
 #include <array>
 
-namespace convolve
-{
 namespace
 {
 
@@ -62,19 +60,17 @@ std::vector<float> Convolver::convolve(std::span<const float> signal)
         for (std::size_t i = 0; i < count; ++i) {
             const std::size_t begin = std::min((first + i) * half, signal.size());
             std::ranges::copy(signal.subspan(begin, std::min(half, signal.size() - begin)),
-                              blocks_.begin() + static_cast<std::ptrdiff_t>(i * N));
+                              blocks_.begin() + (i * N));
         }
-        examples::timed(use_.seconds, [&] { transformBatch(count); });
+        timed(use_.seconds, [&] { transformBatch(count); });
         for (std::size_t i = 0; i < count; ++i)
             for (std::size_t n = 0; n < N; ++n)
                 output[(first + i) * half + n] += blocks_[i * N + n];
-        const auto used = spectra_.begin() + static_cast<std::ptrdiff_t>(count * N);
-        std::copy(used, used + static_cast<std::ptrdiff_t>(before * N), spectra_.begin());
+        const auto used = spectra_.begin() + (count * N);
+        std::copy(used, used + (before * N), spectra_.begin());
     }
     use_.samples += signal.size();
     use_.transforms += 2 * blockCount;
     output.resize(signal.size() + taps_ - 1);
     return output;
 }
-
-} // namespace convolve

@@ -16,9 +16,6 @@
 #include <span>
 #include <vector>
 
-namespace convolve
-{
-
 constexpr std::size_t transformLength = 64;
 constexpr std::size_t blockLength = transformLength / 2;
 
@@ -34,7 +31,7 @@ std::size_t partitionsOf(std::size_t taps);
 struct Use {
     std::size_t samples = 0;    // that were filtered
     std::size_t transforms = 0; // of the recording, there and back
-    double seconds = 0;          // in transforms and products only
+    double seconds = 0;         // in transforms and products only
 };
 
 class Convolver
@@ -57,7 +54,5 @@ private:
     std::vector<float> spectra_;  // partitions - 1 of the blocks before, then the batch's
     Use use_;
 };
-
-} // namespace convolve
 
 #endif

@@ -7,8 +7,6 @@
 #include <cmath>
 #include <cstddef>
 
-namespace convolve
-{
 namespace
 {
 
@@ -66,10 +64,7 @@ Distance distanceFromDirect(std::span<const float> signal, std::span<const float
 void expectClose(Distance distance)
 {
     if (!(distance.judged() < distanceLimit))
-        throw examples::Failure(
-            examples::formatted("the result differs from direct convolution: relative rms %.2e, ",
+        throw Failure(formatted("the result differs from direct convolution: relative rms %.2e, ",
                                 distance.relative) +
-            examples::formatted("allowed is %.0e", distanceLimit));
+                      formatted("allowed is %.0e", distanceLimit));
 }
-
-} // namespace convolve

@@ -5,9 +5,6 @@
 #include <algorithm>
 #include <span>
 
-namespace convolve
-{
-
 struct Distance {
     // rms(output - direct) / rms(direct); 0 if both are silent.
     double relative = 0;
@@ -31,7 +28,5 @@ Distance distanceFromDirect(std::span<const float> signal, std::span<const float
 
 // Throws Failure for a distance beyond the limit.
 void expectClose(Distance distance);
-
-} // namespace convolve
 
 #endif

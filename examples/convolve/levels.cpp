@@ -8,16 +8,14 @@
 #include <cmath>
 #include <rvngenmx.hpp>
 
-namespace convolve
-{
-
-std::vector<std::pair<double, double>> meanLevels(const examples::Sound& sound)
+std::vector<std::pair<double, double>> meanLevels(const Sound& sound)
 {
     constexpr std::size_t N = 512, hop = N / 2;
     std::vector<float> window;
     double sum = 0;
     for (std::size_t n = 0; n < N; ++n) {
-        window.push_back(std::pow(std::sin(3.14159265f * (static_cast<float>(n) + 0.5f) / N), 2.0f));
+        window.push_back(
+            std::pow(std::sin(3.14159265f * (static_cast<float>(n) + 0.5f) / N), 2.0f));
         sum += window.back();
     }
     rvng::Dct4<float> dct4(N);
@@ -28,7 +26,7 @@ std::vector<std::pair<double, double>> meanLevels(const examples::Sound& sound)
             std::array<float, N> frame = {};
             for (std::size_t n = 0; n < std::min(N, channel.size() - first); ++n)
                 frame[n] = window[n] * channel[first + n];
-            examples::check(dct4.run(frame, frame));
+            check(dct4.run(frame, frame));
             for (std::size_t k = 0; k < N; ++k)
                 power[k] += static_cast<double>(frame[k]) * frame[k];
         }
@@ -40,5 +38,3 @@ std::vector<std::pair<double, double>> meanLevels(const examples::Sound& sound)
                             10 * std::log10(std::max(8 * power[k] / frames / (sum * sum), 1e-20)));
     return levels;
 }
-
-} // namespace convolve

@@ -7,13 +7,8 @@
 #include <utility>
 #include <vector>
 
-namespace convolve
-{
-
-// The mean of all channels and times: a row a band of 1/512 of the frequencies, its middle in Hz and
-// its level in dB, 0 being a tone of full scale.
-std::vector<std::pair<double, double>> meanLevels(const examples::Sound& sound);
-
-} // namespace convolve
+// The mean of all channels and times: a row a band of 1/512 of the frequencies, its middle in Hz
+// and its level in dB, 0 being a tone of full scale.
+std::vector<std::pair<double, double>> meanLevels(const Sound& sound);
 
 #endif

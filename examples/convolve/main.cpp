@@ -19,15 +19,12 @@
 #include "convolution.h"
 #include "program.h"
 
-using namespace convolve;
-using examples::check;
-
-void convolve::forward(const float* samples, float* spectrum)
+void forward(const float* samples, float* spectrum)
 {
     check(rvngDFTFwd_RToPerm_64_32f(samples, spectrum, RvnScaleInvByN));
 }
 
-void convolve::addProduct(const float* a, const float* b, float* sum)
+void addProduct(const float* a, const float* b, float* sum)
 {
     sum[0] += a[0] * b[0];
     sum[1] += a[1] * b[1];
@@ -37,7 +34,7 @@ void convolve::addProduct(const float* a, const float* b, float* sum)
     }
 }
 
-void convolve::inverse(const float* spectrum, float* samples)
+void inverse(const float* spectrum, float* samples)
 {
     check(rvngDFTInv_PermToR_64_32f(spectrum, samples, RvnScaleInvByN));
 }
@@ -50,12 +47,12 @@ void run(int argc, char** argv)
     Options options;
     if (!readOptions(options, argc, argv))
         return;
-    const examples::Sound sound = examples::readSound(options.input);
+    const Sound sound = readSound(options.input);
     expectOtherFiles(options);
     const std::vector<float> response = responseOf(options, sound.sampleRate);
 
     Convolver convolver(response);
-    examples::Sound filtered = {sound.sampleRate, {}};
+    Sound filtered = {sound.sampleRate, {}};
     Distance distance;
     for (const std::vector<float>& channel : sound.channels) {
         filtered.channels.push_back(convolver.convolve(channel));
@@ -72,5 +69,5 @@ void run(int argc, char** argv)
 
 int main(int argc, char** argv)
 {
-    return examples::runProgram("convolve", argc, argv, run);
+    return runProgram("convolve", argc, argv, run);
 }

@@ -21,8 +21,6 @@
 #include <numbers>
 #include <sstream>
 
-namespace convolve
-{
 namespace
 {
 
@@ -31,9 +29,9 @@ using std::numbers::pi;
 void expectBelowHalf(double hertz, int sampleRate)
 {
     if (hertz >= sampleRate / 2.0)
-        throw examples::Failure(examples::formatted("the frequency %.9g Hz", hertz) +
-                                " is not below half the sample rate of " +
-                                std::to_string(sampleRate) + " Hz");
+        throw Failure(formatted("the frequency %.9g Hz", hertz) +
+                      " is not below half the sample rate of " + std::to_string(sampleRate) +
+                      " Hz");
 }
 
 double tap(int m, int middle, double low, double high)
@@ -58,7 +56,7 @@ constexpr double largestTap = 1e15;                    // as of audio
 
 [[noreturn]] void refuse(const std::string& path, const std::string& reason)
 {
-    throw examples::Failure("'" + path + "': " + reason);
+    throw Failure("'" + path + "': " + reason);
 }
 
 // Audio files have zero bytes in their headers. What cannot be read is left to the audio library,
@@ -98,7 +96,7 @@ std::vector<float> readText(const std::string& path)
 
 std::vector<float> readAudio(const std::string& path, int sampleRate)
 {
-    const examples::Sound sound = examples::readSound(path);
+    const Sound sound = readSound(path);
     if (sound.channels.size() != 1)
         refuse(path, "two channels; a response has one");
     if (sound.sampleRate != sampleRate)
@@ -121,7 +119,7 @@ std::vector<float> designResponse(Band band, int taps, int sampleRate)
     for (int m = -middle; m <= middle; ++m)
         gain += tap(m, middle, low, high) * std::cos(2 * pi * reference(low, high) * m);
     if (!(std::abs(gain) >= std::numeric_limits<float>::min()))
-        throw examples::Failure("the band is too narrow for a response");
+        throw Failure("the band is too narrow for a response");
     std::vector<float> response;
     for (int m = -middle; m <= middle; ++m)
         response.push_back(static_cast<float>(tap(m, middle, low, high) / gain));
@@ -130,7 +128,6 @@ std::vector<float> designResponse(Band band, int taps, int sampleRate)
 
 std::string bandText(Band band)
 {
-    using examples::formatted;
     if (band.low == 0)
         return formatted("low-pass to %g Hz", band.high);
     if (std::isinf(band.high))
@@ -158,5 +155,3 @@ std::vector<float> readResponse(const std::string& path, int sampleRate)
         refuse(path, "more than " + std::to_string(mostTaps) + " taps");
     return taps;
 }
-
-} // namespace convolve

@@ -6,9 +6,6 @@
 #include <string>
 #include <vector>
 
-namespace convolve
-{
-
 // The frequencies to be passed, in Hz: low 0 makes a low-pass, high infinity a high-pass.
 struct Band {
     double low = 0;
@@ -31,7 +28,5 @@ double tapsNeeded(Band band, int sampleRate);
 // The taps that an audio file of one channel and of this sample rate holds, or a text file of
 // numbers with spaces, commas or line ends between them; throws Failure for anything else.
 std::vector<float> readResponse(const std::string& path, int sampleRate);
-
-} // namespace convolve
 
 #endif

@@ -6,34 +6,32 @@
 #include <algorithm>
 #include <cstdio>
 
-namespace hadamard
-{
-
 bool readOptions(Options& options, int argc, char** argv)
 {
-    examples::CommandLine line(
+    CommandLine line(
         "hadamard",
         "Cuts a picture, a PNG, into square blocks, takes the two-dimensional Walsh-Hadamard\n"
         "transform of each, drops all but the largest coefficients of the whole picture, rebuilds\n"
         "it by the same transform, and prints how near the result comes and the speed of the\n"
         "transforms. Colours are handled as luma and chroma, transparency is left alone.");
+    std::string order = "3", kept = "0.1";
     line.input("PICTURE", options.input);
-    line.whole("-b,--block", options.order, 1, 13, "blocks of 2^N x 2^N pixels");
-    line.real("-k,--keep", options.share, examples::aShare,
-              "the share of the coefficients that is kept, above 0 and up to 1, which rebuilds the "
-              "picture exactly");
-    line.file("-o,--output", options.output,
-              "the rebuilt picture, a PNG (the input's name with -rebuilt.png, here)");
+    line.option("-b,--block", "ORDER", order, "blocks of 2^ORDER x 2^ORDER pixels, 1 to 13");
+    line.option("-k,--keep", "SHARE", kept,
+                "the share of the coefficients that is kept, above 0 and up to 1, which rebuilds "
+                "the picture exactly");
+    line.option("-o,--output", "FILE", options.output,
+                "the rebuilt picture: the input's name with -rebuilt.png");
     if (!line.parse(argc, argv))
         return false;
-    if (options.output.empty())
-        options.output = examples::resultName(options.input, "-rebuilt.png");
+    options.order = wholeNumber("--block", order, 1, 13);
+    options.share = share("--keep", kept);
+    options.output = resultName(options.output, options.input, "-rebuilt.png");
     return true;
 }
 
 void printReport(const Options& options, const Picture& picture, const Layout& layout,
-                 const examples::Selection& selection, const examples::Comparison& comparison,
-                 const KernelUse& use)
+                 const Selection& selection, const Comparison& comparison, const KernelUse& use)
 {
     const int length = 1 << layout.order;
     printPicture(options.input, picture);
@@ -47,7 +45,5 @@ void printReport(const Options& options, const Picture& picture, const Layout& l
                 "back, in %.3g ms)\n",
                 static_cast<double>(use.transforms) / std::max(use.seconds, 1e-9) / 1e6,
                 static_cast<long long>(use.transforms), length, use.seconds * 1e3);
-    std::printf("rebuilt        %s\n", examples::printable(options.output).c_str());
+    std::printf("rebuilt        %s\n", printable(options.output).c_str());
 }
-
-} // namespace hadamard

@@ -8,13 +8,10 @@
 
 #include <string>
 
-namespace hadamard
-{
-
 struct Options {
     std::string input, output;
-    int order = 3;      // blocks are 2^order pixels wide and high, 1 to 13
-    double share = 0.1; // of the coefficients, kept; above 0 and up to 1
+    int order = 0;    // blocks are 2^order pixels wide and high, 1 to 13
+    double share = 0; // of the coefficients, kept; above 0 and up to 1
 };
 
 // How often the library's kernels were called, and the time spent in them alone.
@@ -27,9 +24,6 @@ struct KernelUse {
 bool readOptions(Options& options, int argc, char** argv);
 
 void printReport(const Options& options, const Picture& picture, const Layout& layout,
-                 const examples::Selection& selection, const examples::Comparison& comparison,
-                 const KernelUse& use);
-
-} // namespace hadamard
+                 const Selection& selection, const Comparison& comparison, const KernelUse& use);
 
 #endif

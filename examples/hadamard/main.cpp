@@ -22,9 +22,6 @@
 namespace
 {
 
-using namespace hadamard;
-using examples::check;
-
 // Values that are worked on at a time, some blocks or one: they stay in the cache between the two
 // passes, and the clock is read seldom.
 constexpr std::size_t batchSize = std::size_t{1} << 14;
@@ -43,9 +40,9 @@ void transformBlocks(std::span<float> blocks, int order, KernelUse& use)
     const std::size_t N = std::size_t{1} << order, step = std::max(batchSize, N * N);
     std::int32_t bytes = 0;
     check(rvngWHTGetBufferSize_32f(order, &bytes));
-    std::vector<std::byte> work(static_cast<std::size_t>(bytes));
+    std::vector<std::byte> work(bytes);
     const auto transformRows = [&](std::span<float> rows) {
-        examples::timed(use.seconds, [&] {
+        timed(use.seconds, [&] {
             for (std::size_t i = 0; i < rows.size(); i += N)
                 check(rvngWHT_32f(&rows[i], &rows[i], order, RvnScaleBySqrtN, work.data()));
         });
@@ -65,18 +62,18 @@ void run(int argc, char** argv)
     Options options;
     if (!readOptions(options, argc, argv))
         return;
-    const Picture original = examples::readPicture(options.input);
-    examples::expectOtherFile(options.output, options.input,
-                              "is the input; the rebuilt picture needs another name");
+    const Picture original = readPicture(options.input);
+    expectOtherFile(options.output, options.input,
+                    "is the input; the rebuilt picture needs another name");
 
     KernelUse use;
     Planes planes = splitPicture(original, options.order);
     transformBlocks(planes.values, options.order, use);
-    const examples::Selection selection = examples::keepLargest(planes.values, options.share);
+    const Selection selection = keepLargest(planes.values, options.share);
     transformBlocks(planes.values, options.order, use); // its own inverse
     const Picture rebuilt = joinPlanes(planes, original);
 
-    examples::PartFile file(options.output);
+    PartFile file(options.output);
     writePicture(file, rebuilt);
     file.commit();
     printReport(options, original, planes.layout, selection, compare(original, rebuilt), use);
@@ -86,5 +83,5 @@ void run(int argc, char** argv)
 
 int main(int argc, char** argv)
 {
-    return examples::runProgram("hadamard", argc, argv, run);
+    return runProgram("hadamard", argc, argv, run);
 }

@@ -8,8 +8,6 @@
 #include <cmath>
 #include <string>
 
-namespace hadamard
-{
 namespace
 {
 
@@ -51,10 +49,10 @@ Layout layoutOf(const Picture& picture, int order)
                            (picture.height - 1) / length + 1, static_cast<int>(picture.colors())};
     const std::int64_t values = static_cast<std::int64_t>(layout.planeSize()) * layout.planes;
     if (values > mostValues)
-        throw examples::Failure("the picture in blocks of " + std::to_string(length) + " x " +
-                                std::to_string(length) + " has " + std::to_string(values) +
-                                " values, more than the " + std::to_string(mostValues) +
-                                " that can be handled");
+        throw Failure("the picture in blocks of " + std::to_string(length) + " x " +
+                      std::to_string(length) + " has " + std::to_string(values) +
+                      " values, more than the " + std::to_string(mostValues) +
+                      " that can be handled");
     return layout;
 }
 
@@ -62,13 +60,12 @@ Layout layoutOf(const Picture& picture, int order)
 
 std::size_t Layout::planeSize() const
 {
-    return (static_cast<std::size_t>(across) * static_cast<std::size_t>(down)) << (2 * order);
+    return (across * down) << (2 * order);
 }
 
 std::size_t Layout::index(std::size_t plane, int x, int y) const
 {
-    const auto block = static_cast<std::size_t>(y >> order) * static_cast<std::size_t>(across) +
-                       static_cast<std::size_t>(x >> order);
+    const auto block = static_cast<std::size_t>(y >> order) * across + (x >> order);
     const int mask = (1 << order) - 1;
     const auto inside = static_cast<std::size_t>((y & mask) << order | (x & mask));
     return plane * planeSize() + (block << (2 * order)) + inside;
@@ -78,7 +75,7 @@ Planes splitPicture(const Picture& picture, int order)
 {
     Planes planes = {layoutOf(picture, order), {}};
     const Layout& layout = planes.layout;
-    planes.values.resize(layout.planeSize() * static_cast<std::size_t>(layout.planes));
+    planes.values.resize(layout.planeSize() * layout.planes);
     for (int y = 0; y < layout.down << order; ++y)
         for (int x = 0; x < layout.across << order; ++x) {
             const auto pixel = static_cast<std::size_t>(
@@ -111,5 +108,3 @@ Picture joinPlanes(const Planes& planes, const Picture& original)
         }
     return picture;
 }
-
-} // namespace hadamard

@@ -10,11 +10,6 @@
 
 #include "picture.h"
 
-namespace hadamard
-{
-
-using examples::Picture;
-
 // Where a pixel's value is: planes one after the other, in each the blocks in rows from the top, in
 // each block its values in rows from the top.
 struct Layout {
@@ -36,7 +31,5 @@ Planes splitPicture(const Picture& picture, int order);
 
 // The way back: the original with its colours replaced.
 Picture joinPlanes(const Planes& planes, const Picture& original);
-
-} // namespace hadamard
 
 #endif

@@ -8,14 +8,11 @@
 
 #include <string>
 
-namespace mdct
-{
-
 struct Options {
     std::string input, output, picture;
-    int hop = 1024; // a power of two, 64 to 32768
+    int hop = 0; // a power of two, 64 to 32768
     Window window = Window::sine;
-    double share = 0.1; // of the coefficients that is kept, above 0 and up to 1
+    double share = 0; // of the coefficients that is kept, above 0 and up to 1
 };
 
 // How near a recording comes that is rebuilt from the kept coefficients and from all, in dB.
@@ -31,12 +28,10 @@ void expectRebuilt(double decibels);
 
 // Draws the spectrum's coefficients, what is zero in the darkest colour. 0 dB is the largest that a
 // tone of amplitude 1 makes, the transform's toneGain.
-void drawPicture(examples::PartFile& file, const Options& options, const examples::Sound& sound,
+void drawPicture(PartFile& file, const Options& options, const Sound& sound,
                  const Spectrum& spectrum, double toneGain);
 
-void printReport(const Options& options, const examples::Sound& sound, const Transform& transform,
-                 const examples::Selection& selection, Quality quality);
-
-} // namespace mdct
+void printReport(const Options& options, const Sound& sound, const Transform& transform,
+                 const Selection& selection, Quality quality);
 
 #endif

@@ -3,8 +3,8 @@
 //
 //     mdct [-n HOP] [-k SHARE] [-w sine|kbd] [-o REBUILT.wav] [-p PICTURE.png] AUDIO
 //
-// The cosines of the MDCT are those of a DCT-IV gone on beyond its N values, odd at one end and even
-// at the other; so the frame, in quarters a b c d and with r for reversed ones, folds into
+// The cosines of the MDCT are those of a DCT-IV gone on beyond its N values, odd at one end and
+// even at the other; so the frame, in quarters a b c d and with r for reversed ones, folds into
 //
 //     (-c_r - d, a - b_r),   N values, whose DCT-IV is the MDCT of the frame.
 //
@@ -21,7 +21,7 @@
 
 #include <cmath>
 
-void mdct::Transform::forwardFrame(const float* x, std::span<float> X)
+void Transform::forwardFrame(const float* x, std::span<float> X)
 {
     const std::size_t half = hop_ / 2;
     const auto at = [&](std::size_t n) { return window_[n] * x[n]; };
@@ -29,12 +29,12 @@ void mdct::Transform::forwardFrame(const float* x, std::span<float> X)
         X[n] = -at(hop_ + half - 1 - n) - at(hop_ + half + n);
         X[half + n] = at(n) - at(hop_ - 1 - n);
     }
-    examples::check(dct4_.run(X, X));
+    check(dct4_.run(X, X));
 }
 
-void mdct::Transform::inverseFrame(std::span<const float> X, float* x)
+void Transform::inverseFrame(std::span<const float> X, float* x)
 {
-    examples::check(dct4_.run(X, folded_));
+    check(dct4_.run(X, folded_));
     const std::size_t half = hop_ / 2;
     const auto add = [&](std::size_t n, float value) { x[n] += window_[n] * value; };
     for (std::size_t n = 0; n < half; ++n) {
@@ -48,10 +48,8 @@ void mdct::Transform::inverseFrame(std::span<const float> X, float* x)
 namespace
 {
 
-using namespace mdct;
-
 // In dB, the energy of the original over that of the difference.
-double signalToNoise(const examples::Sound& original, const examples::Sound& rebuilt)
+double signalToNoise(const Sound& original, const Sound& rebuilt)
 {
     double signal = 0, noise = 0;
     for (std::size_t i = 0; i < original.channels.size(); ++i)
@@ -69,25 +67,25 @@ void run(int argc, char** argv)
     Options options;
     if (!readOptions(options, argc, argv))
         return;
-    const examples::Sound sound = examples::readSound(options.input, 8);
+    const Sound sound = readSound(options.input, 8);
     for (const auto& [file, words] :
          {std::pair(options.output, "is the input; the rebuilt recording needs another name"),
           std::pair(options.picture, "is the input; the picture needs another name")})
-        examples::expectOtherFile(file, options.input, words);
+        expectOtherFile(file, options.input, words);
 
     Transform transform(options.hop, options.window);
     Spectrum spectrum = transform.analyse(sound);
     Quality quality = {};
     quality.fromAll = signalToNoise(sound, transform.synthesise(spectrum, sound));
     expectRebuilt(quality.fromAll);
-    const examples::Selection selection = examples::keepLargest(spectrum.values, options.share);
-    const examples::Sound rebuilt = transform.synthesise(spectrum, sound);
+    const Selection selection = keepLargest(spectrum.values, options.share);
+    const Sound rebuilt = transform.synthesise(spectrum, sound);
     quality.fromKept = signalToNoise(sound, rebuilt);
 
     // Both files take their names when both are whole.
-    examples::PartFile soundFile(options.output);
+    PartFile soundFile(options.output);
     writeSound(soundFile, rebuilt);
-    examples::PartFile pictureFile(options.picture);
+    PartFile pictureFile(options.picture);
     drawPicture(pictureFile, options, sound, spectrum, transform.toneGain());
     soundFile.commit();
     pictureFile.commit();
@@ -98,5 +96,5 @@ void run(int argc, char** argv)
 
 int main(int argc, char** argv)
 {
-    return examples::runProgram("mdct", argc, argv, run);
+    return runProgram("mdct", argc, argv, run);
 }

@@ -6,15 +6,11 @@
 #include <algorithm>
 #include <cmath>
 
-namespace mdct
-{
-
-Transform::Transform(int hop, Window window)
-    : hop_(static_cast<std::size_t>(hop)), dct4_(hop_), folded_(hop_)
+Transform::Transform(int hop, Window window) : hop_(hop), dct4_(hop_), folded_(hop_)
 {
     if (dct4_.status() == rvng::Status::NullPointer)
         throw std::bad_alloc();
-    examples::check(dct4_.status());
+    check(dct4_.status());
     const double scale = std::sqrt(2.0 / hop);
     for (const double value : windowValues(window, hop)) {
         window_.push_back(static_cast<float>(scale * value));
@@ -22,15 +18,15 @@ Transform::Transform(int hop, Window window)
     }
 }
 
-Spectrum Transform::analyse(const examples::Sound& sound)
+Spectrum Transform::analyse(const Sound& sound)
 {
     const std::size_t count = frames(sound.samples());
     Spectrum spectrum = {hop_, count, std::vector<float>(sound.channels.size() * count * hop_)};
     float* values = spectrum.values.data();
     for (const std::vector<float>& channel : sound.channels) {
         std::vector<float> padded((count + 1) * hop_);
-        std::ranges::copy(channel, padded.begin() + static_cast<std::ptrdiff_t>(hop_));
-        examples::timed(forwardUse_.seconds, [&] {
+        std::ranges::copy(channel, padded.begin() + hop_);
+        timed(forwardUse_.seconds, [&] {
             for (std::size_t frame = 0; frame < count; ++frame, values += hop_)
                 forwardFrame(&padded[frame * hop_], {values, hop_});
         });
@@ -39,21 +35,18 @@ Spectrum Transform::analyse(const examples::Sound& sound)
     return spectrum;
 }
 
-examples::Sound Transform::synthesise(const Spectrum& spectrum, const examples::Sound& original)
+Sound Transform::synthesise(const Spectrum& spectrum, const Sound& original)
 {
-    examples::Sound sound = {original.sampleRate, {}};
+    Sound sound = {original.sampleRate, {}};
     for (std::size_t i = 0; i < original.channels.size(); ++i) {
         std::vector<float> padded((spectrum.frames + 1) * hop_);
-        examples::timed(inverseUse_.seconds, [&] {
+        timed(inverseUse_.seconds, [&] {
             for (std::size_t frame = 0; frame < spectrum.frames; ++frame)
                 inverseFrame(spectrum.frame(i, frame), &padded[frame * hop_]);
         });
         inverseUse_.frames += spectrum.frames;
-        const auto begin = padded.begin() + static_cast<std::ptrdiff_t>(hop_);
-        sound.channels.emplace_back(begin,
-                                    begin + static_cast<std::ptrdiff_t>(original.samples()));
+        const auto begin = padded.begin() + hop_;
+        sound.channels.emplace_back(begin, begin + original.samples());
     }
     return sound;
 }
-
-} // namespace mdct

@@ -19,9 +19,6 @@
 #include <span>
 #include <vector>
 
-namespace mdct
-{
-
 // All coefficients of a recording.
 struct Spectrum {
     std::size_t hop = 0, frames = 0; // of each channel
@@ -48,10 +45,10 @@ public:
     // Frames of a signal of so many samples, one more than hops.
     std::size_t frames(std::size_t samples) const { return (samples + hop_ - 1) / hop_ + 1; }
 
-    Spectrum analyse(const examples::Sound& sound);
+    Spectrum analyse(const Sound& sound);
 
     // The recording of a spectrum, as long as the one that the spectrum is of.
-    examples::Sound synthesise(const Spectrum& spectrum, const examples::Sound& original);
+    Sound synthesise(const Spectrum& spectrum, const Sound& original);
 
     const Use& forwardUse() const { return forwardUse_; }
     const Use& inverseUse() const { return inverseUse_; }
@@ -71,7 +68,5 @@ private:
     std::vector<float> folded_; // a frame of the way back
     Use forwardUse_, inverseUse_;
 };
-
-} // namespace mdct
 
 #endif

@@ -5,8 +5,6 @@
 #include <cmath>
 #include <numbers>
 
-namespace ofdm
-{
 namespace
 {
 
@@ -102,5 +100,3 @@ void Channel::rotate(std::span<Complex> samples)
     }
     phase_ = std::remainder(phase_ + step * static_cast<double>(samples.size()), turn);
 }
-
-} // namespace ofdm

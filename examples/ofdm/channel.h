@@ -10,11 +10,8 @@
 
 #include <cstdint>
 
-namespace ofdm
-{
-
-// Random numbers that are the same on every machine, which the distributions of the standard library
-// are not: SplitMix64 (Steele, Lea and Flood 2014), a counter and a mixing function.
+// Random numbers that are the same on every machine, which the distributions of the standard
+// library are not: SplitMix64 (Steele, Lea and Flood 2014), a counter and a mixing function.
 class Random
 {
 public:
@@ -36,7 +33,7 @@ private:
 // The streams of a run, so that one of them does not move the others.
 enum Stream : std::uint64_t { channelStream, scramblerStream, pilotStream, dataStream };
 
-enum class ChannelKind { white, multipath };
+enum class ChannelKind : int { white, multipath };
 
 constexpr std::size_t channelTaps = 8;  // the last echo is 7 samples late, within the prefix
 constexpr double delaySpread = 2;       // samples in which the power falls to 1/e
@@ -63,7 +60,5 @@ private:
     std::array<Complex, channelTaps> past_ = {};
     double phase_ = 0;
 };
-
-} // namespace ofdm
 
 #endif

@@ -8,14 +8,12 @@
 #include <cstdio>
 #include <limits>
 
-namespace ofdm
-{
 namespace
 {
 
 std::string ratioText(double decibels)
 {
-    return std::isinf(decibels) ? "no noise" : examples::formatted("%.6g dB Es/N0", decibels);
+    return std::isinf(decibels) ? "no noise" : formatted("%.6g dB Es/N0", decibels);
 }
 
 void printLink(const Options& options, const Link& link)
@@ -31,9 +29,10 @@ void printLink(const Options& options, const Link& link)
         std::printf(", spread by a DFT of %d", options.spread);
     const bool isMultipath = options.channel == ChannelKind::multipath;
     if (isMultipath)
-        std::printf("\nchannel        multipath of %zu taps, delay spread %g samples, gain %+.2f dB; "
-                    "carrier off by %g of a subcarrier\n",
-                    channelTaps, delaySpread, toDecibels(link.channelGain()), carrierOffset);
+        std::printf(
+            "\nchannel        multipath of %zu taps, delay spread %g samples, gain %+.2f dB; "
+            "carrier off by %g of a subcarrier\n",
+            channelTaps, delaySpread, toDecibels(link.channelGain()), carrierOffset);
     else
         std::printf("\nchannel        white noise, known to the receiver\n");
     std::printf("SNR            %s", ratioText(options.decibels).c_str());
@@ -63,57 +62,56 @@ void printErrors(const Options& options, const Tally& tally)
 
 bool readOptions(Options& options, int argc, char** argv)
 {
-    examples::CommandLine line(
+    CommandLine line(
         "ofdm",
-        "Sends a picture, a PNG of 8 bits a sample, over a simulated radio link of 64 subcarriers:\n"
+        "Sends a picture, a PNG of 8 bits a sample, over a simulated radio link of 64 "
+        "subcarriers:\n"
         "OFDM with 48 of them for data, 4 pilots and a cyclic prefix of 16 samples, or DFT-spread\n"
         "OFDM. Writes what arrives and prints bit errors, error vector magnitude, PSNR, the peak\n"
         "power of both kinds of signal and the speed. Transparency is not sent but kept.");
-    std::string modulation = "qpsk", spread = "0", ratio = "20", channel = "multipath";
-    int seed = 1;
+    std::string modulation = "qpsk", spread = "0", ratio = "20", channel = "multipath", seed = "1";
     line.input("PICTURE", options.input);
-    line.choice("-m,--modulation", modulation, {"qpsk", "16qam"}, "Gray mapped");
-    line.choice("-s,--spread", spread, {"0", "12", "24", "36", "48", "60"},
-                "spread the points by a DFT over so many neighbouring subcarriers, one in twelve of "
-                "them for pilots; 0: not");
-    line.text("-n,--snr", ratio, "DECIBELS",
-              "Es/N0: the mean power of a data subcarrier over that of the noise on it; -20 to 100, "
-              "or inf");
-    line.choice("-c,--channel", channel, {"multipath", "white"},
+    line.option("-m,--modulation", "NAME", modulation, "qpsk or 16qam; Gray mapped");
+    line.option("-s,--spread", "M", spread,
+                "spread the points by a DFT over M neighbouring subcarriers, one in twelve of them "
+                "for pilots: 12, 24, 36, 48 or 60; 0: not");
+    line.option("-n,--snr", "DECIBELS", ratio,
+                "Es/N0: the mean power of a data subcarrier over that of the noise on it; -20 to "
+                "100, or inf");
+    line.option("-c,--channel", "NAME", channel,
                 "multipath: eight taps and a carrier that drifts, both of which the receiver "
                 "estimates; white: noise alone, with a receiver that knows this and estimates "
                 "nothing");
-    line.whole("--seed", seed, 0, std::numeric_limits<int>::max(), "of the channel and the noise");
-    line.file("-o,--output", options.output,
-              "the received picture, a PNG (the input's name with -received.png, here)");
-    line.file("--constellation", options.constellation, "draw the received points, a PNG");
-    line.file("--ber", options.errorRates,
-              "measure and draw bit error rates over Es/N0 beside the closed forms, a PNG; takes "
-              "some seconds");
+    line.option("--seed", "NUMBER", seed, "of the channel and the noise");
+    line.option("-o,--output", "FILE", options.output,
+                "the received picture, a PNG: the input's name with -received.png");
+    line.option("--constellation", "FILE", options.constellation,
+                "draw the received points, a PNG");
+    line.option("--ber", "FILE", options.errorRates,
+                "measure and draw bit error rates over Es/N0 beside the closed forms, a PNG; takes "
+                "some seconds");
     if (!line.parse(argc, argv))
         return false;
-    options.modulation = modulation == "qpsk" ? Modulation::qpsk : Modulation::qam16;
-    options.channel = channel == "white" ? ChannelKind::white : ChannelKind::multipath;
-    options.spread = std::stoi(spread);
-    options.decibels = ratio == "inf" ? INFINITY : examples::numberOf("--snr", ratio, {-20, 100});
-    options.seed = static_cast<std::uint64_t>(seed);
-    if (options.output.empty())
-        options.output = examples::resultName(options.input, "-received.png");
+    options.modulation = Modulation{choice("--modulation", modulation, {"qpsk", "16qam"})};
+    options.channel = ChannelKind{choice("--channel", channel, {"white", "multipath"})};
+    options.spread = 12 * choice("--spread", spread, {"0", "12", "24", "36", "48", "60"});
+    options.decibels = ratio == "inf" ? INFINITY : number("--snr", ratio, -20, 100);
+    options.seed = wholeNumber("--seed", seed, 0, std::numeric_limits<int>::max());
+    options.output = resultName(options.output, options.input, "-received.png");
     if (options.output == options.constellation || options.output == options.errorRates ||
         (!options.errorRates.empty() && options.errorRates == options.constellation))
-        throw examples::UsageFailure("each picture needs a name of its own");
+        throw UsageFailure("each picture needs a name of its own");
     return true;
 }
 
-examples::Picture readInput(const Options& options)
+Picture readInput(const Options& options)
 {
-    const examples::Picture picture = examples::readPicture(options.input);
+    const Picture picture = readPicture(options.input);
     if (picture.depth != 8)
-        throw examples::Failure("'" + options.input + "': has " + std::to_string(picture.depth) +
-                                " bits a sample; only 8 are understood");
+        throw Failure("'" + options.input + "': has " + std::to_string(picture.depth) +
+                      " bits a sample; only 8 are understood");
     for (const std::string& output : {options.output, options.constellation, options.errorRates})
-        examples::expectOtherFile(output, options.input,
-                                  "is the input; what is written needs another name");
+        expectOtherFile(output, options.input, "is the input; what is written needs another name");
     return picture;
 }
 
@@ -131,8 +129,8 @@ std::string conditionText(const Options& options)
                                         : "white noise, " + ratioText(options.decibels);
 }
 
-void printReport(const Options& options, const examples::Picture& picture, const Link& link,
-                 const examples::Comparison& comparison)
+void printReport(const Options& options, const Picture& picture, const Link& link,
+                 const Comparison& comparison)
 {
     const Tally& tally = link.tally();
     printPicture(options.input, picture);
@@ -152,7 +150,5 @@ void printReport(const Options& options, const examples::Picture& picture, const
                                      {"constellation", options.constellation},
                                      {"error rates", options.errorRates}})
         if (!file.empty())
-            std::printf("%-14s %s\n", fact, examples::printable(file).c_str());
+            std::printf("%-14s %s\n", fact, printable(file).c_str());
 }
-
-} // namespace ofdm

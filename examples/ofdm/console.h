@@ -8,9 +8,6 @@
 
 #include <string>
 
-namespace ofdm
-{
-
 struct Options {
     std::string input, output;
     std::string constellation, errorRates; // empty: not drawn
@@ -25,16 +22,14 @@ struct Options {
 bool readOptions(Options& options, int argc, char** argv);
 
 // Throws Failure unless the input is a picture of 8 bits a sample, and no output.
-examples::Picture readInput(const Options& options);
+Picture readInput(const Options& options);
 
 constexpr int defaultSpread = 48; // of the spread signal that plain OFDM is held against
 
 std::string waveformText(int spread);
 std::string conditionText(const Options& options); // channel and Es/N0
 
-void printReport(const Options& options, const examples::Picture& picture, const Link& link,
-                 const examples::Comparison& comparison);
-
-} // namespace ofdm
+void printReport(const Options& options, const Picture& picture, const Link& link,
+                 const Comparison& comparison);
 
 #endif

@@ -9,10 +9,7 @@
 
 #include <cstdint>
 
-namespace ofdm
-{
-
-enum class Modulation { qpsk, qam16 };
+enum class Modulation : int { qpsk, qam16 };
 
 const char* nameOf(Modulation modulation);
 
@@ -35,7 +32,5 @@ private:
     float unit_; // levels are odd multiples of it
     std::array<Complex, 16> table_ = {};
 };
-
-} // namespace ofdm
 
 #endif

@@ -7,8 +7,6 @@
 #include <bit>
 #include <cmath>
 
-namespace ofdm
-{
 namespace
 {
 
@@ -73,8 +71,7 @@ Link::Link(const LinkSettings& settings)
 
 void Link::send(std::span<const std::uint8_t> bytes, std::span<std::uint8_t> received)
 {
-    const std::size_t step = batchSymbols * subcarriers_.data.size() *
-                             static_cast<std::size_t>(constellation_.bits()) / 8;
+    const std::size_t step = batchSymbols * subcarriers_.data.size() * constellation_.bits() / 8;
     for (std::size_t i = 0; i < bytes.size(); i += step) {
         const std::size_t count = std::min(step, bytes.size() - i);
         sendBatch(bytes.subspan(i, count), received.subspan(i, count));
@@ -91,13 +88,13 @@ void Link::sendBatch(std::span<const std::uint8_t> bytes, std::span<std::uint8_t
     std::vector<Complex> samples(symbols * blockLength), points(labels.size());
     std::vector<std::uint8_t> decided(labels.size());
     const auto block = [&](std::size_t i) { return Block(&samples[i * blockLength], blockLength); };
-    examples::timed(tally_.seconds, [&] {
+    timed(tally_.seconds, [&] {
         for (std::size_t i = 0; i < symbols; ++i)
             toSamples(transmitter_.spectrum(std::span(labels).subspan(i * perSymbol, perSymbol)),
                       block(i));
     });
     channel_.pass(samples);
-    examples::timed(tally_.seconds, [&] {
+    timed(tally_.seconds, [&] {
         for (std::size_t i = 0; i < symbols; ++i)
             receiver_.demodulate(block(i), std::span(points).subspan(i * perSymbol, perSymbol));
         for (std::size_t i = 0; i < points.size(); ++i)
@@ -117,11 +114,10 @@ void Link::judge(std::span<const std::uint8_t> labels, std::span<const Complex> 
         tally_.errorPower += std::norm(points[i] - constellation_.point(labels[i]));
     tally_.points += static_cast<std::int64_t>(labels.size());
     const std::size_t room = mostPoints - points_.size();
-    points_.insert(points_.end(), points.begin(),
-                   points.begin() + static_cast<std::ptrdiff_t>(std::min(room, labels.size())));
+    points_.insert(points_.end(), points.begin(), points.begin() + (std::min(room, labels.size())));
 }
 
-std::vector<std::uint8_t> payloadOf(const examples::Picture& picture)
+std::vector<std::uint8_t> payloadOf(const Picture& picture)
 {
     std::vector<std::uint8_t> bytes;
     for (std::size_t i = 0; i < picture.samples.size(); ++i)
@@ -131,15 +127,13 @@ std::vector<std::uint8_t> payloadOf(const examples::Picture& picture)
     return bytes;
 }
 
-examples::Picture pictureFrom(std::vector<std::uint8_t> payload, const examples::Picture& sent)
+Picture pictureFrom(std::vector<std::uint8_t> payload, const Picture& sent)
 {
     scramble(payload);
-    examples::Picture picture = sent;
+    Picture picture = sent;
     std::size_t next = 0;
     for (std::size_t i = 0; i < picture.samples.size(); ++i)
         if (picture.isColor(i))
             picture.samples[i] = payload[next++];
     return picture;
 }
-
-} // namespace ofdm

@@ -9,9 +9,6 @@
 #include "modem.h"
 #include "picture.h"
 
-namespace ofdm
-{
-
 struct LinkSettings {
     Modulation modulation = Modulation::qpsk;
     int spread = 0;
@@ -60,11 +57,9 @@ private:
 };
 
 // The samples of a picture of 8 bits a sample as bytes to send, without alpha, and the picture with
-// its colours replaced by received ones. They are scrambled, that is, combined with random bits that
-// both sides know: flat parts of a picture would repeat one symbol, whose peaks may be high.
-std::vector<std::uint8_t> payloadOf(const examples::Picture& picture);
-examples::Picture pictureFrom(std::vector<std::uint8_t> payload, const examples::Picture& sent);
-
-} // namespace ofdm
+// its colours replaced by received ones. They are scrambled, that is, combined with random bits
+// that both sides know: flat parts of a picture would repeat one symbol, whose peaks may be high.
+std::vector<std::uint8_t> payloadOf(const Picture& picture);
+Picture pictureFrom(std::vector<std::uint8_t> payload, const Picture& sent);
 
 #endif

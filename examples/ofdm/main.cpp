@@ -16,10 +16,9 @@
 #include <optional>
 #include <rvngenmx.hpp>
 
-using examples::check;
 using rvng::Scale;
 
-ofdm::Spectrum ofdm::spectrumOf(std::span<Complex> points, const Subcarriers& subcarriers)
+Spectrum spectrumOf(std::span<Complex> points, const Subcarriers& subcarriers)
 {
     if (subcarriers.spread != 0)
         check(rvng::dftForward(points, points, Scale::BySqrtN));
@@ -30,15 +29,15 @@ ofdm::Spectrum ofdm::spectrumOf(std::span<Complex> points, const Subcarriers& su
 }
 
 // The prefix repeats the end of the symbol, so that echoes within it leave the subcarriers apart.
-void ofdm::toSamples(const Spectrum& spectrum, std::span<Complex, blockLength> samples)
+void toSamples(const Spectrum& spectrum, std::span<Complex, blockLength> samples)
 {
     const auto symbol = samples.last<symbolLength>();
     check(rvng::dftInverse<symbolLength>(spectrum, symbol, Scale::BySqrtN));
     std::ranges::copy(symbol.last<prefixLength>(), samples.begin());
 }
 
-void ofdm::fromSamples(std::span<const Complex, blockLength> samples,
-                       const Subcarriers& subcarriers, std::span<Complex> values)
+void fromSamples(std::span<const Complex, blockLength> samples, const Subcarriers& subcarriers,
+                 std::span<Complex> values)
 {
     Spectrum spectrum;
     check(rvng::dftForward<symbolLength>(samples.last<symbolLength>(), spectrum, Scale::BySqrtN));
@@ -46,7 +45,7 @@ void ofdm::fromSamples(std::span<const Complex, blockLength> samples,
         values[i] = spectrum[subcarriers.bins[i]];
 }
 
-void ofdm::gather(std::span<Complex> values, const Subcarriers& subcarriers)
+void gather(std::span<Complex> values, const Subcarriers& subcarriers)
 {
     if (subcarriers.spread != 0)
         check(rvng::dftInverse(values, values, Scale::BySqrtN));
@@ -55,11 +54,8 @@ void ofdm::gather(std::span<Complex> values, const Subcarriers& subcarriers)
 namespace
 {
 
-using namespace ofdm;
-using examples::PartFile;
-
 // The files are created before the work on them, and take their names when all are whole.
-void writeFiles(const Options& options, const examples::Picture& received, const Link& link)
+void writeFiles(const Options& options, const Picture& received, const Link& link)
 {
     PartFile file(options.output);
     std::optional<PartFile> constellation, errorRates;
@@ -86,13 +82,13 @@ void run(int argc, char** argv)
     Options options;
     if (!readOptions(options, argc, argv))
         return;
-    const examples::Picture picture = readInput(options);
+    const Picture picture = readInput(options);
     const std::vector<std::uint8_t> payload = payloadOf(picture);
     std::vector<std::uint8_t> arrived(payload.size());
     Link link({options.modulation, options.spread, options.channel,
                1 / fromDecibels(options.decibels), options.seed});
     link.send(payload, arrived);
-    const examples::Picture received = pictureFrom(std::move(arrived), picture);
+    const Picture received = pictureFrom(std::move(arrived), picture);
 
     writeFiles(options, received, link);
     printReport(options, picture, link, compare(picture, received));
@@ -102,5 +98,5 @@ void run(int argc, char** argv)
 
 int main(int argc, char** argv)
 {
-    return examples::runProgram("ofdm", argc, argv, run);
+    return runProgram("ofdm", argc, argv, run);
 }

@@ -5,8 +5,6 @@
 #include <limits>
 #include <numbers>
 
-namespace ofdm
-{
 namespace
 {
 
@@ -129,5 +127,3 @@ void Receiver::track(std::span<const Complex> points)
     phase_ = std::remainder(phase_ + phaseGain * error, 2 * std::numbers::pi);
     drift_ += driftGain * error;
 }
-
-} // namespace ofdm

@@ -2,8 +2,8 @@
 //
 // The receiver takes the channel as the mean of what two training symbols say of each subcarrier.
 // Their difference tells the power of the noise, their common rotation where the carrier drifts.
-// From then on a phase-locked loop of second order follows the common phase of the pilots. The start
-// of the symbols is known.
+// From then on a phase-locked loop of second order follows the common phase of the pilots. The
+// start of the symbols is known.
 //
 // The equaliser of plain OFDM is 1/H on each subcarrier. Spread points share all subcarriers, and a
 // weak one would spoil them all; there it is conj(H) / (|H|^2 + N0), of the least mean squared
@@ -13,9 +13,6 @@
 
 #include "channel.h"
 #include "constellation.h"
-
-namespace ofdm
-{
 
 constexpr std::size_t trainingSymbols = 2;
 
@@ -79,7 +76,5 @@ private:
     bool tracking_ = false;
     double phase_ = 0, drift_ = 0; // radians, radians a symbol
 };
-
-} // namespace ofdm
 
 #endif

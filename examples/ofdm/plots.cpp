@@ -6,18 +6,13 @@
 
 #include <cmath>
 
-namespace ofdm
-{
 namespace
 {
-
-using examples::number;
-using examples::quoted;
 
 constexpr const char* blue = "'#1c5cbe'";
 constexpr const char* orange = "'#de680a'";
 
-void addTitle(examples::Plot& plot, const std::string& first, const std::string& second)
+void addTitle(Plot& plot, const std::string& first, const std::string& second)
 {
     plot << "set label 1 " + quoted(first) + " font ',14' at graph 0, graph 1 offset 0,2.6"
          << "set label 2 " + quoted(second) + " at graph 0, graph 1 offset 0,1.2"
@@ -34,7 +29,7 @@ Rates closedForm(double (*rate)(Modulation, double), Modulation modulation)
 
 } // namespace
 
-void drawConstellation(examples::PartFile& file, const Options& options, const Link& link)
+void drawConstellation(PartFile& file, const Options& options, const Link& link)
 {
     const Constellation constellation(options.modulation);
     std::vector<std::pair<float, float>> received, sent;
@@ -49,26 +44,31 @@ void drawConstellation(examples::PartFile& file, const Options& options, const L
     const double size = count < 2000 ? 0.7 : count < 20000 ? 0.35 : 0.2;
     const int opacity = count < 2000 ? 0x40 : count < 20000 ? 0xa0 : 0xd0;
 
-    examples::Plot plot(760, 800);
+    Plot plot(760, 800);
     plot.table("received", received);
     plot.table("sent", sent);
     addTitle(plot, std::string(nameOf(options.modulation)) + ", " + waveformText(options.spread),
              conditionText(options) + ", EVM " +
-                 examples::formatted("%.1f %%", 100 * link.tally().errorVector()));
-    plot << "set size ratio -1" << "set xrange [-1.6:1.6]" << "set yrange [-1.6:1.6]"
-         << "set xtics 0.5" << "set ytics 0.5" << "set xlabel 'in phase'"
-         << "set ylabel 'quadrature'" << "set key below";
+                 formatted("%.1f %%", 100 * link.tally().errorVector()));
+    plot << "set size ratio -1"
+         << "set xrange [-1.6:1.6]"
+         << "set yrange [-1.6:1.6]"
+         << "set xtics 0.5"
+         << "set ytics 0.5"
+         << "set xlabel 'in phase'"
+         << "set ylabel 'quadrature'"
+         << "set key below";
     // Borders of decisions: between neighbouring levels, at even multiples of half the spacing.
     const int borders = options.modulation == Modulation::qpsk ? 0 : 1; // on either side of an axis
     for (int i = -borders; i <= borders; ++i) {
-        const std::string level = number(i * static_cast<double>(constellation.spacing()));
+        const std::string level = plotNumber(i * static_cast<double>(constellation.spacing()));
         const std::string style = " nohead back dashtype 2 linecolor '#888888'";
         plot << "set arrow from graph 0,first " + level + " to graph 1,first " + level + style
              << "set arrow from first " + level + ",graph 0 to first " + level + ",graph 1" + style;
     }
     char color[16];
     std::snprintf(color, sizeof color, "'#%02x1c5cbe'", opacity);
-    plot << std::string("plot $received with points pointtype 7 pointsize ") + number(size) +
+    plot << std::string("plot $received with points pointtype 7 pointsize ") + plotNumber(size) +
                 " linecolor rgb " + color + " notitle, " +
                 "NaN with points pointtype 7 pointsize 0.9 linecolor " + blue +
                 " title 'received', $sent with points pointtype 2 pointsize 1.6 linewidth 2.5 "
@@ -77,13 +77,13 @@ void drawConstellation(examples::PartFile& file, const Options& options, const L
     plot.draw(file);
 }
 
-void drawErrorRates(examples::PartFile& file, const Options& options, const Tally& run)
+void drawErrorRates(PartFile& file, const Options& options, const Tally& run)
 {
     constexpr double lowestRate = 1e-5;
     const int spread = options.spread != 0 ? options.spread : defaultSpread;
     const std::string name = nameOf(options.modulation);
 
-    examples::Plot plot(1000, 760);
+    Plot plot(1000, 760);
     std::string curves;
     const auto add = [&](const std::string& table, const Rates& rates, const std::string& style,
                          const std::string& title) {
@@ -121,11 +121,13 @@ void drawErrorRates(examples::PartFile& file, const Options& options, const Tall
     addTitle(plot, "Bit error rates, " + waveformText(options.spread),
              "Multipath: the mean of " + std::to_string(channelsOfSweep) +
                  " channels, each estimated from two symbols");
-    plot << "set xrange [-1:31]" << "set yrange [1e-5:1]" << "set logscale y"
-         << "set format y '%.0e'" << "set grid xtics ytics linecolor '#dddddd'"
-         << "set xlabel 'Es/N0 in dB'" << "set ylabel 'bit error rate'"
+    plot << "set xrange [-1:31]"
+         << "set yrange [1e-5:1]"
+         << "set logscale y"
+         << "set format y '%.0e'"
+         << "set grid xtics ytics linecolor '#dddddd'"
+         << "set xlabel 'Es/N0 in dB'"
+         << "set ylabel 'bit error rate'"
          << "set key below maxcols 2 width -2" << curves;
     plot.draw(file);
 }
-
-} // namespace ofdm

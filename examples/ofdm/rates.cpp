@@ -1,6 +1,7 @@
-// rates.cpp - see rates.h. In closed form a rate is a weighted sum of Q(m x), where x = d/sigma is half the distance of
-// neighbouring points over the deviation of the noise on an axis (Cho and Yoon 2002, exact for
-// square constellations). x^2 is Es/N0 for QPSK, which is 2 Eb/N0, and Es/N0 / 5 for 16-QAM.
+// rates.cpp - see rates.h. In closed form a rate is a weighted sum of Q(m x), where x = d/sigma is
+// half the distance of neighbouring points over the deviation of the noise on an axis (Cho and Yoon
+// 2002, exact for square constellations). x^2 is Es/N0 for QPSK, which is 2 Eb/N0, and Es/N0 / 5
+// for 16-QAM.
 #include "rates.h"
 
 #include "program.h"
@@ -11,8 +12,6 @@
 #include <numbers>
 #include <rvngenmx.hpp>
 
-namespace ofdm
-{
 namespace
 {
 
@@ -147,8 +146,7 @@ double peakToMean(int spread, Modulation modulation)
             Spectrum samples;
             for (std::size_t bin = 0; bin < symbolLength; ++bin)
                 samples[bin] = spectrum[bin] * shift[bin];
-            examples::check(
-                rvng::dftInverse<symbolLength>(samples, samples, rvng::Scale::BySqrtN));
+            check(rvng::dftInverse<symbolLength>(samples, samples, rvng::Scale::BySqrtN));
             for (const Complex sample : samples) {
                 peak = std::max(peak, std::norm(sample));
                 sum += std::norm(sample);
@@ -156,9 +154,7 @@ double peakToMean(int spread, Modulation modulation)
         }
         peaks.push_back(peak);
     }
-    const auto place = peaks.begin() + static_cast<std::ptrdiff_t>(symbols - symbols / 1000);
+    const auto place = peaks.begin() + (symbols - symbols / 1000);
     std::nth_element(peaks.begin(), place, peaks.end());
     return *place * static_cast<double>(symbols * oversampling * symbolLength) / sum;
 }
-
-} // namespace ofdm

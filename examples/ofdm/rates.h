@@ -4,9 +4,6 @@
 
 #include "link.h"
 
-namespace ofdm
-{
-
 double fromDecibels(double decibels); // a ratio of powers
 double toDecibels(double ratio);
 
@@ -31,7 +28,5 @@ Rates sweepMultipath(Modulation modulation, int spread, std::uint64_t seed, doub
 // random symbols stay below. Peaks are looked for at four times the sample rate: those between
 // samples are higher.
 double peakToMean(int spread, Modulation modulation);
-
-} // namespace ofdm
 
 #endif

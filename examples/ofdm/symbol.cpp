@@ -4,9 +4,6 @@
 #include <cstdlib>
 #include <numbers>
 
-namespace ofdm
-{
-
 Subcarriers subcarriersFor(int spread)
 {
     constexpr int highest = 26; // of plain OFDM on either side
@@ -18,11 +15,10 @@ Subcarriers subcarriersFor(int spread)
     for (int frequency = begin; frequency < end; ++frequency) {
         if (spread == 0 && frequency == 0)
             continue;
-        const bool isPilot = spread == 0
-                                 ? std::abs(frequency) == 7 || std::abs(frequency) == 21
-                                 : all.used() % pilotSpacing == pilotSpacing / 2;
+        const bool isPilot = spread == 0 ? std::abs(frequency) == 7 || std::abs(frequency) == 21
+                                         : all.used() % pilotSpacing == pilotSpacing / 2;
         (isPilot ? all.pilots : all.data).push_back(all.used());
-        all.bins.push_back((static_cast<std::size_t>(frequency) + symbolLength) % symbolLength);
+        all.bins.push_back((frequency + symbolLength) % symbolLength);
     }
     return all;
 }
@@ -35,5 +31,3 @@ std::vector<Complex> trainingPoints(const Subcarriers& subcarriers)
         points.push_back(unit(std::numbers::pi * k * k / count));
     return points;
 }
-
-} // namespace ofdm

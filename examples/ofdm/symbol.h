@@ -13,9 +13,6 @@
 #include <span>
 #include <vector>
 
-namespace ofdm
-{
-
 using Complex = std::complex<float>;
 
 constexpr std::size_t symbolLength = 64;
@@ -55,7 +52,5 @@ inline Complex unit(double angle)
 {
     return Complex(std::polar(1.0, angle));
 }
-
-} // namespace ofdm
 
 #endif

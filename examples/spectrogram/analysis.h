@@ -8,31 +8,26 @@
 
 #include "sound.h"
 
-#include <cstddef>
 #include <string>
 #include <vector>
-
-namespace spectrogram
-{
 
 // The frames of a real channel or of a complex I/Q signal, as plain numbers.
 struct FrameShape {
     int length = 0;  // samples of a frame, N
     bool iq = false; // a sample is a pair: real part, imaginary part
 
-    std::size_t values() const { return static_cast<std::size_t>(iq ? 2 * length : length); }
+    std::size_t values() const { return iq ? 2 * length : length; }
 
     // Bins of a spectrum, pairs all of them. A real frame's end with N/2: the others would mirror
     // them.
-    std::size_t bins() const { return static_cast<std::size_t>(iq ? length : length / 2 + 1); }
+    std::size_t bins() const { return iq ? length : length / 2 + 1; }
 
     // Which of the bins stands for number k, be it beyond them: bins repeat with the length, those
     // of a real frame are mirrored as well.
     std::size_t index(int k) const
     {
         const int repeated = ((k % length) + length) % length;
-        return static_cast<std::size_t>(iq || repeated <= length / 2 ? repeated
-                                                                     : length - repeated);
+        return iq || repeated <= length / 2 ? repeated : length - repeated;
     }
 };
 
@@ -61,13 +56,9 @@ struct Analysis {
 
     double forwardSeconds = 0; // spent in forward transforms only, frames x panels of them
     double roundTripError = 0; // rms(inverse(forward(x)) - x) / rms(x), x the windowed frames
-
-    std::size_t cellOf(std::size_t frame) const { return frame * cellCount / frames; }
 };
 
 // The recording has a frame or more, and two channels for I/Q.
-Analysis analyse(const examples::Sound& sound, FrameShape shape, int hop);
-
-} // namespace spectrogram
+Analysis analyse(const Sound& sound, FrameShape shape, int hop);
 
 #endif

@@ -3,17 +3,10 @@
 #define SPECTROGRAM_CONSOLE_H
 
 #include "analysis.h"
-#include "part_file.h"
-#include "sound.h"
-
-#include <string>
-
-namespace spectrogram
-{
 
 struct Options {
     std::string input, output;
-    int length = 64; // samples of a frame, 2 to 64: the length of the transform
+    int length = 0;  // samples of a frame, 2 to 64: the length of the transform
     int hop = 0;     // samples from one frame to the next, 1 to length
     bool iq = false; // two channels are the two parts of one complex signal
 };
@@ -22,12 +15,10 @@ struct Options {
 bool readOptions(Options& options, int argc, char** argv);
 
 // Throws Failure unless the recording has what the options want and is not the output.
-void expectFit(const Options& options, const examples::Sound& sound);
+void expectFit(const Options& options, const Sound& sound);
 
-void drawPicture(examples::PartFile& file, const Options& options, const examples::Sound& sound,
+void drawPicture(PartFile& file, const Options& options, const Sound& sound,
                  const Analysis& analysis);
-void printReport(const Options& options, const examples::Sound& sound, const Analysis& analysis);
-
-} // namespace spectrogram
+void printReport(const Options& options, const Sound& sound, const Analysis& analysis);
 
 #endif

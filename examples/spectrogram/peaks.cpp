@@ -24,8 +24,6 @@
 #include <numbers>
 #include <utility>
 
-namespace spectrogram
-{
 namespace
 {
 
@@ -168,7 +166,7 @@ private:
 } // namespace
 
 std::vector<Peak> strongestPeaks(const Analysis& analysis, const Panel& panel, int sampleRate,
-                                 int mostPeaks)
+                                 std::size_t mostPeaks)
 {
     const int length = analysis.shape.length;
     const bool iq = analysis.shape.iq;
@@ -184,8 +182,8 @@ std::vector<Peak> strongestPeaks(const Analysis& analysis, const Panel& panel, i
     std::ranges::sort(maxima, std::greater<>(), [&](int k) { return fit.power(k); });
     const double weakest = maxima.empty() ? 0 : weakestPeak * fit.power(maxima.front());
     std::erase_if(maxima, [&](int k) { return fit.power(k) <= weakest; });
-    if (maxima.size() > static_cast<std::size_t>(mostPeaks))
-        maxima.resize(static_cast<std::size_t>(mostPeaks));
+    if (maxima.size() > mostPeaks)
+        maxima.resize(mostPeaks);
 
     std::vector<Peak> peaks;
     for (const int k : maxima) {
@@ -197,5 +195,3 @@ std::vector<Peak> strongestPeaks(const Analysis& analysis, const Panel& panel, i
     std::ranges::sort(peaks, std::greater<>(), &Peak::amplitude);
     return peaks;
 }
-
-} // namespace spectrogram
