@@ -24,40 +24,39 @@ std::string upwards(int pixels, int panels)
     return " screen " + plotNumber(1 - 1.0 * pixels / pictureHeight(panels));
 }
 
-// So many cells as one, that there are no more of them than pixels.
-std::size_t together(const Cells& cells, int pixels)
+// The cells that a pixel covers, or the one that it lies in.
+struct Covered {
+    std::size_t first, last;
+};
+
+Covered covered(const Cells& cells, double begin, double end)
 {
-    return (cells.count + pixels - 1) / pixels;
+    const double most = static_cast<double>(cells.count - 1);
+    const double first = std::clamp(std::round((begin - cells.first) / cells.step), 0.0, most);
+    const double last = std::ceil((end - cells.first) / cells.step - 0.5) - 1;
+    return {static_cast<std::size_t>(first),
+            static_cast<std::size_t>(std::clamp(last, first, most))};
 }
 
-// Along one axis: the size of an image's cell in its unit, and the middle of its first one.
-std::string placeOf(const char* axis, const Cells& cells, std::size_t merged, double unit,
-                    std::string& origin)
+// The strongest level of each pixel, rows from the bottom.
+std::vector<float> pixels(const LevelPlot& plot, const LevelPanel& panel, int height)
 {
-    origin += (origin.empty() ? "" : ",") +
-              plotNumber((cells.first + cells.step * static_cast<double>(merged - 1) / 2) / unit);
-    return std::string(" d") + axis + "=" +
-           plotNumber(cells.step * static_cast<double>(merged) / unit);
-}
-
-// The command that draws the cells of a panel, and their levels, merged by their largest.
-void addImage(Plot& script, const LevelPlot& plot, const LevelPanel& panel, int height,
-              double timeUnit, double frequencyUnit)
-{
-    const std::size_t dx = together(plot.time, panelWidth), dy = together(plot.frequency, height);
-    const std::size_t columns = (plot.time.count + dx - 1) / dx;
-    const std::size_t rows = (plot.frequency.count + dy - 1) / dy;
-    std::vector<float> image(columns * rows, -INFINITY);
-    for (std::size_t i = 0; i < panel.levels.size(); ++i) {
-        const std::size_t x = i / plot.frequency.count / dx, y = i % plot.frequency.count / dy;
-        image[y * columns + x] = std::max(image[y * columns + x], panel.levels[i]);
+    const double low = plot.lowestFrequency, span = plot.highestFrequency - low;
+    std::vector<float> image;
+    for (int y = 0; y < height; ++y) {
+        const Covered bins =
+            covered(plot.frequency, low + span * y / height, low + span * (y + 1) / height);
+        for (int x = 0; x < panelWidth; ++x) {
+            const Covered cells = covered(plot.time, plot.seconds * x / panelWidth,
+                                          plot.seconds * (x + 1) / panelWidth);
+            float level = -INFINITY;
+            for (std::size_t cell = cells.first; cell <= cells.last; ++cell)
+                for (std::size_t bin = bins.first; bin <= bins.last; ++bin)
+                    level = std::max(level, panel.levels[cell * plot.frequency.count + bin]);
+            image.push_back(level);
+        }
     }
-    std::string origin, sizes = placeOf("x", plot.time, dx, timeUnit, origin);
-    sizes += placeOf("y", plot.frequency, dy, frequencyUnit, origin);
-    script << "plot '-' binary format='%float32' array=(" + std::to_string(columns) + "," +
-                  std::to_string(rows) + ")" + sizes + " origin=(" + origin +
-                  ") with image pixels notitle";
-    script.add(image);
+    return image;
 }
 
 } // namespace
@@ -87,13 +86,15 @@ void drawLevels(PartFile& file, const LevelPlot& plot)
     const double top = 10 * std::ceil(strongest / 10);
     const Unit time = timeUnit(plot.seconds), frequency = frequencyUnit(plot.highestFrequency);
 
+    const double low = plot.lowestFrequency / frequency.size;
+    const double high = plot.highestFrequency / frequency.size;
+
     Plot script(pictureWidth, pictureHeight(panels));
     script << palette << "set multiplot"
            << "set tics out"
            << "set cbrange [" + plotNumber(top - legendRange) + ":" + plotNumber(top) + "]"
            << "set xrange [0:" + plotNumber(plot.seconds / time.size) + "]"
-           << "set yrange [" + plotNumber(plot.lowestFrequency / frequency.size) + ":" +
-                  plotNumber(plot.highestFrequency / frequency.size) + "]"
+           << "set yrange [" + plotNumber(low) + ":" + plotNumber(high) + "]"
            << std::string("set ylabel 'frequency in ") + frequency.name + "'"
            << "set lmargin at" + across(panelLeft)
            << "set rmargin at" + across(panelLeft + panelWidth)
@@ -114,7 +115,12 @@ void drawLevels(PartFile& file, const LevelPlot& plot)
                << (i + 1 < panels
                        ? "set format x ''"
                        : std::string("set format x '%g'\nset xlabel 'time in ") + time.name + "'");
-        addImage(script, plot, plot.panels[i], height, time.size, frequency.size);
+        const double dx = plot.seconds / time.size / panelWidth, dy = (high - low) / height;
+        script << "plot '-' binary format='%float32' array=(" + std::to_string(panelWidth) + "," +
+                      std::to_string(height) + ") dx=" + plotNumber(dx) + " dy=" + plotNumber(dy) +
+                      " origin=(" + plotNumber(dx / 2) + "," + plotNumber(low + dy / 2) +
+                      ") with image notitle";
+        script.add(pixels(plot, plot.panels[i], height));
         script << "unset label\nunset colorbox";
     }
     script.draw(file);

@@ -51,7 +51,8 @@ void drawPicture(PartFile& file, const Options& options, const Sound& sound, con
          << "set xlabel 'frequency in Hz'"
          << "set ylabel 'mean level in dBFS'"
          << "set logscale x"
-         << "set grid xtics mxtics ytics linecolor '#dddddd'"
+         << "set grid xtics mxtics ytics linetype 1 linecolor '#dddddd', linetype 1 linecolor "
+            "'#eeeeee'"
          << "set border 3"
          << "set key top right"
          << "set xrange [" + plotNumber(before[0].first) + ":" +

@@ -57,7 +57,8 @@ void drawConstellation(PartFile& file, const Options& options, const Link& link)
          << "set ytics 0.5"
          << "set xlabel 'in phase'"
          << "set ylabel 'quadrature'"
-         << "set key below";
+         << "set key below"
+         << "set bmargin 6";
     // Borders of decisions: between neighbouring levels, at even multiples of half the spacing.
     const int borders = options.modulation == Modulation::qpsk ? 0 : 1; // on either side of an axis
     for (int i = -borders; i <= borders; ++i) {
@@ -115,19 +116,19 @@ void drawErrorRates(PartFile& file, const Options& options, const Tally& run)
     add("run", {{options.decibels, run.errorRate()}},
         "points pointtype 2 pointsize 2 linewidth 3 linecolor '#d2141e'",
         run.bitErrors == 0 ? "this run, without errors"
-        : isMultipath      ? "this run: one channel, better or worse than the mean"
+        : isMultipath      ? "this run, one channel"
                            : "this run");
 
     addTitle(plot, "Bit error rates, " + waveformText(options.spread),
              "Multipath: the mean of " + std::to_string(channelsOfSweep) +
-                 " channels, each estimated from two symbols");
+                 " channels, each estimated from two symbols; one alone may be far from it");
     plot << "set xrange [-1:31]"
          << "set yrange [1e-5:1]"
          << "set logscale y"
-         << "set format y '%.0e'"
-         << "set grid xtics ytics linecolor '#dddddd'"
+         << "set format y '%g'"
+         << "set grid xtics ytics linetype 1 linecolor '#dddddd'"
          << "set xlabel 'Es/N0 in dB'"
          << "set ylabel 'bit error rate'"
-         << "set key below maxcols 2 width -2" << curves;
+         << "set key left bottom Left reverse samplen 3" << curves;
     plot.draw(file);
 }
