@@ -258,6 +258,8 @@ TEST_F(Hadamard, PrintsWhatTheTwoPicturesTell)
         const long kept = std::lround(c.share * c.total);
         EXPECT_EQ(result.found("kept +(.*) coefficients"),
                   std::to_string(kept) + " of " + std::to_string(c.total));
+        result.expectShare();
+        result.expectSpeed(1e6);
     }
 }
 
@@ -291,16 +293,16 @@ TEST_F(Hadamard, RefusesBadInputInOneLine)
     put("tall.png", tall);
     write("wide.png", noise(40000, 2, grey8));
     expectRefusals({
-        {"", "no input file"},
+        {"", "PICTURE is required"},
         {"--fast good.png", "--fast"},
         {"-b 14 good.png", "1 to 13"},
-        {"-k 1.01 good.png", "share"},
-        {"-k nan good.png", "share"},
+        {"-k 1.01 good.png", "above 0 to 1"},
+        {"-k nan good.png", "above 0 to 1"},
         {"$'two\\nlines.png'", "No such file"},
-        {"text.png", "not a PNG"},
-        {"half.png", "ends too early"},
-        {"flipped.png", "CRC"},
-        {"tall.png", "not enough"},
+        {"text.png", "no complete PNG"},
+        {"half.png", "no complete PNG"},
+        {"flipped.png", "no complete PNG"},
+        {"tall.png", "no complete PNG"},
         {"-b 13 wide.png", "8192 x 8192"},
         {"good.png -o good.png", "is the input"},
         {"good.png -o absent/out.png", "No such file"},

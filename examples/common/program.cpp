@@ -50,7 +50,7 @@ std::string counted(std::size_t count, const std::string& noun)
 
 std::string formatted(const char* format, double value)
 {
-    char text[64];
+    char text[256];
     std::snprintf(text, sizeof text, format, value);
     return text;
 }
