@@ -25,9 +25,6 @@
 #include <stdexcept>
 #include <string>
 
-namespace rvn::bench
-{
-
 namespace
 {
 
@@ -199,13 +196,11 @@ void printPowersOfTwo()
 
 } // namespace
 
-} // namespace rvn::bench
-
 int main()
 {
     try {
-        rvn::bench::printDfts();
-        rvn::bench::printPowersOfTwo();
+        printDfts();
+        printPowersOfTwo();
         return 0;
     } catch (const std::exception& failure) {
         std::fprintf(stderr, "rvngenmx_accuracy: %s\n", failure.what());

@@ -8,9 +8,6 @@
 
 #include "fftw_plans.h"
 
-namespace rvn::bench
-{
-
 namespace
 {
 
@@ -142,5 +139,3 @@ INSTANTIATE(ComplexBatch<float>)
 INSTANTIATE(RealBatch<double>)
 INSTANTIATE(RealBatch<float>)
 #undef INSTANTIATE
-
-} // namespace rvn::bench

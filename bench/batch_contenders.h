@@ -12,9 +12,6 @@
 #include <type_traits>
 #include <vector>
 
-namespace rvn::bench
-{
-
 // How the signals lie, and their spectra likewise: one behind the other, or each in a column of a
 // matrix, whose width is then the stride.
 struct Arrangement {
@@ -64,5 +61,3 @@ std::vector<Contender> batchContenders(Batch<typename Transform::Real>& batch, i
 template <typename Transform>
 Problem<typename Transform::Real> drawBatch(int length, const Arrangement& arrangement,
                                             Random& random);
-
-} // namespace rvn::bench

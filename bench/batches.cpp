@@ -13,9 +13,6 @@
 #include <memory>
 #include <string>
 
-namespace rvn::bench
-{
-
 namespace
 {
 
@@ -99,5 +96,3 @@ void reportBatches(const Options& options)
         }
     }
 }
-
-} // namespace rvn::bench

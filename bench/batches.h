@@ -4,10 +4,5 @@
 
 #include "options.h"
 
-namespace rvn::bench
-{
-
 // The complex and the real DFT, forward and out of place.
 void reportBatches(const Options& options);
-
-} // namespace rvn::bench

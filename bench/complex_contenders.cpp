@@ -15,9 +15,6 @@
 
 #include <type_traits>
 
-namespace rvn::bench
-{
-
 namespace
 {
 
@@ -67,5 +64,3 @@ Entrants<Real> complexEntrants(Buffers<Real>& buffers, int length, Direction dir
 
 template Entrants<float> complexEntrants(Buffers<float>&, int, Direction, Placement);
 template Entrants<double> complexEntrants(Buffers<double>&, int, Direction, Placement);
-
-} // namespace rvn::bench

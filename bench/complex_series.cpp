@@ -7,8 +7,7 @@
 
 #include <type_traits>
 
-namespace rvn::bench
-{
+using namespace rvn::bench; // kernel_work.h
 
 namespace
 {
@@ -42,5 +41,3 @@ Series complexSeries(const Options& options, Precision precision)
 {
     return precision == Precision::Double ? series<double>(options) : series<float>(options);
 }
-
-} // namespace rvn::bench

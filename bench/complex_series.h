@@ -7,12 +7,7 @@
 #include <string>
 #include <vector>
 
-namespace rvn::bench
-{
-
 // How it is measured, for the head of the output.
 std::vector<std::string> complexMethod(const Options& options);
 
 Series complexSeries(const Options& options, Precision precision);
-
-} // namespace rvn::bench

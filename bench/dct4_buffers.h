@@ -8,9 +8,6 @@
 #include <new>
 #include <span>
 
-namespace rvn::bench
-{
-
 // The arrays begin a third of a page apart, so that those of small sizes never have elements a
 // multiple of 4096 bytes apart, where a load can be taken to depend on a store that it has nothing
 // to do with. Larger sizes have them whatever one does.
@@ -50,5 +47,3 @@ private:
 
     std::unique_ptr<std::byte, Release> memory;
 };
-
-} // namespace rvn::bench

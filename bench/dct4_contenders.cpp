@@ -17,9 +17,6 @@
 #include <stdexcept>
 #include <string>
 
-namespace rvn::bench
-{
-
 namespace
 {
 
@@ -123,5 +120,3 @@ template std::vector<Dct4Entrant<float>> dct4Entrants(const Dct4Buffers<float>&,
                                                       const Options&);
 template std::vector<Dct4Entrant<double>> dct4Entrants(const Dct4Buffers<double>&, int,
                                                        const Options&);
-
-} // namespace rvn::bench

@@ -9,9 +9,6 @@
 
 #include <vector>
 
-namespace rvn::bench
-{
-
 template <typename Real> struct Dct4Entrant {
     Contender contender;
     Draw<Real> draw; // the problems that it can be given
@@ -30,5 +27,3 @@ Names dct4ContenderNames();
 template <typename Real>
 std::vector<Dct4Entrant<Real>> dct4Entrants(const Dct4Buffers<Real>& buffers, int size,
                                             const Options& options);
-
-} // namespace rvn::bench

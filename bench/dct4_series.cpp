@@ -18,8 +18,7 @@
 #include <stdexcept>
 #include <type_traits>
 
-namespace rvn::bench
-{
+using namespace rvn::bench; // kernel_work.h
 
 namespace
 {
@@ -124,5 +123,3 @@ Series dct4Series(const Options& options, Precision precision)
 {
     return precision == Precision::Double ? series<double>(options) : series<float>(options);
 }
-
-} // namespace rvn::bench

@@ -15,9 +15,6 @@
 #include <memory>
 #include <string>
 
-namespace rvn::bench
-{
-
 namespace
 {
 
@@ -64,5 +61,3 @@ void reportDispatch(const Options& options)
     if (std::ranges::count(options.precisions, Precision::Single) > 0)
         report<float, Rvn32fc>("DFTFwd_CToC_32fc", fwdCToC, rvngDFTFwd_CToC_32fc, options);
 }
-
-} // namespace rvn::bench

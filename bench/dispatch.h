@@ -3,9 +3,4 @@
 
 #include "options.h"
 
-namespace rvn::bench
-{
-
 void reportDispatch(const Options& options);
-
-} // namespace rvn::bench

@@ -4,9 +4,6 @@
 
 #include <cmath>
 
-namespace rvn::bench
-{
-
 namespace
 {
 
@@ -120,5 +117,3 @@ std::vector<double> overCores(const TimingsAndCycles& found, const Work& work, b
     values.push_back(found.cycles / limitInCycles(work, Core::FourPipes));
     return values;
 }
-
-} // namespace rvn::bench

@@ -9,9 +9,6 @@
 #include "fftw_plans.h"
 #include "kernels.h"
 
-namespace rvn::bench
-{
-
 namespace
 {
 
@@ -46,5 +43,3 @@ Entrants<Real> hartleyEntrants(Buffers<Real>& buffers, int length, Placement pla
 
 template Entrants<float> hartleyEntrants(Buffers<float>&, int, Placement);
 template Entrants<double> hartleyEntrants(Buffers<double>&, int, Placement);
-
-} // namespace rvn::bench

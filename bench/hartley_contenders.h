@@ -3,10 +3,5 @@
 
 #include "length_series.h"
 
-namespace rvn::bench
-{
-
 template <typename Real>
 Entrants<Real> hartleyEntrants(Buffers<Real>& buffers, int length, Placement placement);
-
-} // namespace rvn::bench

@@ -7,8 +7,7 @@
 
 #include <type_traits>
 
-namespace rvn::bench
-{
+using namespace rvn::bench; // kernel_work.h
 
 namespace
 {
@@ -39,5 +38,3 @@ Series hartleySeries(const Options& options, Precision precision)
 {
     return precision == Precision::Double ? series<double>(options) : series<float>(options);
 }
-
-} // namespace rvn::bench

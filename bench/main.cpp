@@ -25,13 +25,9 @@
 #include <array>
 #include <cstdio>
 #include <exception>
-#include <span>
 #include <stdexcept>
 #include <string>
 #include <vector>
-
-namespace rvn::bench
-{
 
 namespace
 {
@@ -146,13 +142,10 @@ void runAll(const Options& options)
 
 } // namespace
 
-} // namespace rvn::bench
-
 int main(int count, char* arguments[])
 {
     try {
-        const std::span<char* const> all(arguments, static_cast<std::size_t>(count));
-        rvn::bench::runAll(rvn::bench::parseOptions(all.subspan(1)));
+        runAll(parseOptions(count, arguments));
         return 0;
     } catch (const std::invalid_argument& refused) {
         std::fprintf(stderr, "rvngenmx_bench: %s\n", refused.what());

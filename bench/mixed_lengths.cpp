@@ -7,7 +7,6 @@
 #include "complex_contenders.h"
 #include "input.h"
 #include "measure.h"
-#include "option_values.h"
 #include "progress.h"
 
 #include <algorithm>
@@ -16,9 +15,6 @@
 #include <memory>
 #include <string>
 #include <vector>
-
-namespace rvn::bench
-{
 
 namespace
 {
@@ -105,5 +101,3 @@ void reportMixedLengths(const Options& options)
             report<float>("32fc", options);
     }
 }
-
-} // namespace rvn::bench

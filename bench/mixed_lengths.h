@@ -4,10 +4,5 @@
 
 #include "options.h"
 
-namespace rvn::bench
-{
-
 // The complex DFT, forward and out of place.
 void reportMixedLengths(const Options& options);
-
-} // namespace rvn::bench

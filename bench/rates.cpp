@@ -9,9 +9,6 @@
 #include <cstdio>
 #include <vector>
 
-namespace rvn::bench
-{
-
 namespace
 {
 
@@ -76,5 +73,3 @@ void reportRates(const Options& options)
         std::printf("    %-52s %5.2f\n", all[i].name.c_str(),
                     operationsInCall / (cycles * timings[i].ratio));
 }
-
-} // namespace rvn::bench

@@ -3,10 +3,5 @@
 
 #include "options.h"
 
-namespace rvn::bench
-{
-
 // Measures and prints how many operations of a kind start in a cycle, scalar SSE2.
 void reportRates(const Options& options);
-
-} // namespace rvn::bench

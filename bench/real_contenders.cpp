@@ -18,9 +18,6 @@
 #include <array>
 #include <type_traits>
 
-namespace rvn::bench
-{
-
 namespace
 {
 
@@ -122,5 +119,3 @@ Entrants<Real> realEntrants(Buffers<Real>& buffers, int length, Direction direct
 
 template Entrants<float> realEntrants(Buffers<float>&, int, Direction, Placement);
 template Entrants<double> realEntrants(Buffers<double>&, int, Direction, Placement);
-
-} // namespace rvn::bench

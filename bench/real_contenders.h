@@ -5,14 +5,9 @@
 
 #include <cstddef>
 
-namespace rvn::bench
-{
-
 // Behind the layouts CCS, Pack and Perm.
 inline constexpr std::size_t firstRealPeer = 3;
 
 template <typename Real>
 Entrants<Real> realEntrants(Buffers<Real>& buffers, int length, Direction direction,
                             Placement placement);
-
-} // namespace rvn::bench

@@ -8,8 +8,7 @@
 
 #include <type_traits>
 
-namespace rvn::bench
-{
+using namespace rvn::bench; // kernel_work.h
 
 namespace
 {
@@ -48,5 +47,3 @@ Series realSeries(const Options& options, Precision precision)
 {
     return precision == Precision::Double ? series<double>(options) : series<float>(options);
 }
-
-} // namespace rvn::bench

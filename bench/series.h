@@ -10,9 +10,6 @@
 #include <string>
 #include <vector>
 
-namespace rvn::bench
-{
-
 // A group of figures beside the times.
 struct Extra {
     std::string title;   // over the columns
@@ -57,5 +54,3 @@ struct Series {
     std::vector<int> sizes;
     std::function<Row(int size)> measure;
 };
-
-} // namespace rvn::bench

@@ -9,9 +9,6 @@
 #include <cstdio>
 #include <iterator>
 
-namespace rvn::bench
-{
-
 namespace
 {
 
@@ -212,5 +209,3 @@ void printSummary(const Layout& layout, const std::vector<Row>& rows,
         for (std::size_t peer = layout.firstPeer; peer < layout.contenders.size(); ++peer)
             printBelow(layout, rows, peer, limit);
 }
-
-} // namespace rvn::bench

@@ -11,9 +11,6 @@
 #include <stdexcept>
 #include <string>
 
-namespace rvn::bench
-{
-
 namespace
 {
 
@@ -53,5 +50,3 @@ void requireAgreement(std::span<const Contender> contenders, WhtBuffers<Element>
 
 template void requireAgreement(std::span<const Contender>, WhtBuffers<float>&, int, Placement);
 template void requireAgreement(std::span<const Contender>, WhtBuffers<double>&, int, Placement);
-
-} // namespace rvn::bench

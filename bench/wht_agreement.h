@@ -5,13 +5,8 @@
 
 #include <span>
 
-namespace rvn::bench
-{
-
 // Every contender on a number of random inputs. Throws std::runtime_error unless the results equal
 // those of the first contender bit for bit.
 template <typename Element>
 void requireAgreement(std::span<const Contender> contenders, WhtBuffers<Element>& buffers,
                       int order, Placement placement);
-
-} // namespace rvn::bench

@@ -15,9 +15,6 @@
 #include <cmath>
 #include <stdexcept>
 
-namespace rvn::bench
-{
-
 namespace
 {
 
@@ -56,5 +53,3 @@ std::vector<Contender> whtContenders(WhtBuffers<Element>& buffers, int order, Pl
 
 template std::vector<Contender> whtContenders(WhtBuffers<float>&, int, Placement);
 template std::vector<Contender> whtContenders(WhtBuffers<double>&, int, Placement);
-
-} // namespace rvn::bench

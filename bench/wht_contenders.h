@@ -9,9 +9,6 @@
 #include <cstddef>
 #include <vector>
 
-namespace rvn::bench
-{
-
 // The arrays begin a third of a page apart, so that those of low orders never have elements a
 // multiple of 4096 bytes apart, where a load can be taken to depend on a store that it has nothing
 // to do with. Higher orders have them whatever one does.
@@ -39,5 +36,3 @@ inline constexpr std::size_t firstWhtPeer = 2;
 // contenders.
 template <typename Element>
 std::vector<Contender> whtContenders(WhtBuffers<Element>& buffers, int order, Placement placement);
-
-} // namespace rvn::bench

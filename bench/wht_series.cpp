@@ -16,8 +16,7 @@
 #include <memory>
 #include <type_traits>
 
-namespace rvn::bench
-{
+using namespace rvn::bench; // kernel_work.h
 
 namespace
 {
@@ -83,5 +82,3 @@ Series whtSeries(const Options& options, Precision precision)
 {
     return precision == Precision::Double ? series<double>(options) : series<float>(options);
 }
-
-} // namespace rvn::bench

@@ -8,12 +8,7 @@
 #include <string>
 #include <vector>
 
-namespace rvn::bench
-{
-
 // How it is measured, for the head of the output.
 std::vector<std::string> whtMethod(const Options& options);
 
 Series whtSeries(const Options& options, Precision precision);
-
-} // namespace rvn::bench
