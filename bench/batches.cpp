@@ -1,7 +1,7 @@
 // A row is a length, with a group of figures for each arrangement. A contender that is wrong ends
 // the run before it is timed.
 
-#include "batches.h"
+#include "studies.h"
 
 #include "batch_contenders.h"
 #include "measure.h"

@@ -1,7 +1,7 @@
 // Both are called through an address that the dynamic linker resolved. The length does not change
 // from one call to the next, so that the jump of the dispatcher is predicted.
 
-#include "dispatch.h"
+#include "studies.h"
 
 #include "buffers.h"
 #include "clock.h"

@@ -3,23 +3,16 @@
 // Usually run by tools/bench, which builds it and draws the plots; tools/bench --help lists the
 // options.
 
-#include "batches.h"
 #include "clock.h"
-#include "complex_series.h"
 #include "data_file.h"
-#include "dct4_series.h"
-#include "dispatch.h"
 #include "extras.h"
-#include "hartley_series.h"
+#include "families.h"
 #include "machine.h"
-#include "mixed_lengths.h"
 #include "options.h"
 #include "progress.h"
-#include "rates.h"
-#include "real_series.h"
 #include "series.h"
+#include "studies.h"
 #include "table.h"
-#include "wht_series.h"
 
 #include <algorithm>
 #include <array>

@@ -2,9 +2,9 @@
 // timed like a transform. Each call costs one more jump through an address than in the hot loops,
 // for every contender.
 
-#include "mixed_lengths.h"
+#include "studies.h"
 
-#include "complex_contenders.h"
+#include "families.h"
 #include "input.h"
 #include "measure.h"
 #include "progress.h"

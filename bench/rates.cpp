@@ -1,7 +1,7 @@
 // Fourteen chains of dependent operations, one a register: enough that no latency decides, so that
 // what limits them is the number of operations of a kind that start in a cycle.
 
-#include "rates.h"
+#include "studies.h"
 
 #include "clock.h"
 

@@ -1,3 +1,5 @@
+// The series of the real DFT.
+//
 // Who is called, and how: the calls below are what is timed.
 //
 // Ours      the kernel of a layout through its address, RvnScaleNone. It multiplies every output by
@@ -7,19 +9,26 @@
 //           FFTW_PRESERVE_INPUT: it leaves its input alone, as the others do.
 // KissFFT   kiss_fftr and kiss_fftri on a prepared state, the same half spectrum, binary32 and even
 //           lengths only.
+//
+// The names of its kernels and the contenders; length_series.h does the rest. Peers are compared
+// with the kernel of the layout CCS, which is theirs.
 
-#include "real_contenders.h"
-
+#include "families.h"
 #include "fftw_plans.h"
 #include "half_spectrum.h"
+#include "kernel_work.h"
 #include "kernels.h"
 #include "kiss_states.h"
 
 #include <array>
 #include <type_traits>
 
+using namespace rvn::bench; // kernel_work.h
+
 namespace
 {
+
+constexpr std::size_t firstPeer = 3; // behind the layouts CCS, Pack and Perm
 
 struct OurLayout {
     const char* name;
@@ -28,7 +37,7 @@ struct OurLayout {
     const RealKernels* inverse;
 };
 
-constexpr std::array<OurLayout, firstRealPeer> ourLayouts = {{
+constexpr std::array<OurLayout, firstPeer> ourLayouts = {{
     {"ours CCS", HalfSpectrum::Ccs, &fwdRToCcs, &invCcsToR},
     {"ours Pack", HalfSpectrum::Pack, &fwdRToPack, &invPackToR},
     {"ours Perm", HalfSpectrum::Perm, &fwdRToPerm, &invPermToR},
@@ -86,8 +95,6 @@ Contender kissContender(int length, float* source, float* destination, Direction
     return contender("KissFFT", [=] { kiss_fftri(state.get(), in, destination); });
 }
 
-} // namespace
-
 template <typename Real>
 Entrants<Real> realEntrants(Buffers<Real>& buffers, int length, Direction direction,
                             Placement placement)
@@ -117,5 +124,37 @@ Entrants<Real> realEntrants(Buffers<Real>& buffers, int length, Direction direct
     return all;
 }
 
-template Entrants<float> realEntrants(Buffers<float>&, int, Direction, Placement);
-template Entrants<double> realEntrants(Buffers<double>&, int, Direction, Placement);
+template <typename Real> Series series(const Options& options)
+{
+    const std::string name =
+        options.direction == Direction::Forward ? "DFTFwd_RToCCS_" : "DFTInv_CCSToR_";
+    const auto entrants = [=](Buffers<Real>& buffers, int length) {
+        return realEntrants(buffers, length, options.direction, options.placement);
+    };
+    return lengthSeries<Real>(
+        {.name = name + (std::is_same_v<Real, float> ? "32f" : "64f"),
+         .firstPeer = firstPeer,
+         .entrants = entrants,
+         .work =
+             [=](int length) { return realWork(length, precisionOf<Real>, options.direction); }},
+        options);
+}
+
+} // namespace
+
+std::vector<std::string> realMethod(const Options& options)
+{
+    std::vector<std::string> lines = {
+        "real DFT  ours: RvnScaleNone, which multiplies by 1; FFTW: FFTW_PATIENT, scalar: "
+        "FFTW_NO_SIMD;",
+        "          ratios: peer over ours of the layout CCS, which the peers share; KissFFT: even "
+        "lengths"};
+    if (options.direction == Direction::Inverse && options.placement == Placement::OutOfPlace)
+        lines.push_back("          inverse: FFTW_PRESERVE_INPUT, so that the input stays");
+    return lines;
+}
+
+Series realSeries(const Options& options, Precision precision)
+{
+    return precision == Precision::Double ? series<double>(options) : series<float>(options);
+}

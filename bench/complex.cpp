@@ -1,3 +1,5 @@
+// The series of the complex DFT.
+//
 // Who is called, and how: the calls below are what is timed.
 //
 // Ours      the kernel through its address, RvnScaleNone. It multiplies every output by S = 1,
@@ -6,14 +8,18 @@
 //           names as the fastest.
 // KissFFT   kiss_fft on a prepared state, binary32 only. In place it transforms into a block that
 //           it allocates at every call, and copies it back.
+//
+// The names of its kernels and the contenders; length_series.h does the rest.
 
-#include "complex_contenders.h"
-
+#include "families.h"
 #include "fftw_plans.h"
+#include "kernel_work.h"
 #include "kernels.h"
 #include "kiss_states.h"
 
 #include <type_traits>
+
+using namespace rvn::bench; // kernel_work.h
 
 namespace
 {
@@ -64,3 +70,36 @@ Entrants<Real> complexEntrants(Buffers<Real>& buffers, int length, Direction dir
 
 template Entrants<float> complexEntrants(Buffers<float>&, int, Direction, Placement);
 template Entrants<double> complexEntrants(Buffers<double>&, int, Direction, Placement);
+
+namespace
+{
+
+template <typename Real> Series series(const Options& options)
+{
+    const std::string name = options.direction == Direction::Forward ? "DFTFwd" : "DFTInv";
+    const auto entrants = [=](Buffers<Real>& buffers, int length) {
+        return complexEntrants(buffers, length, options.direction, options.placement);
+    };
+    return lengthSeries<Real>(
+        {.name = name + "_CToC_" + (std::is_same_v<Real, float> ? "32fc" : "64fc"),
+         .firstPeer = 1,
+         .entrants = entrants,
+         .work = [](int length) { return complexWork(length, precisionOf<Real>); }},
+        options);
+}
+
+} // namespace
+
+std::vector<std::string> complexMethod(const Options& options)
+{
+    std::vector<std::string> lines = {"DFT       ours: RvnScaleNone, which multiplies by 1; FFTW: "
+                                      "FFTW_PATIENT, scalar: FFTW_NO_SIMD"};
+    if (options.placement == Placement::InPlace)
+        lines.push_back("          in place KissFFT copies");
+    return lines;
+}
+
+Series complexSeries(const Options& options, Precision precision)
+{
+    return precision == Precision::Double ? series<double>(options) : series<float>(options);
+}

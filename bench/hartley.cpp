@@ -1,13 +1,21 @@
+// The series of the Hartley transform.
+//
 // Who is called, and how: the calls below are what is timed.
 //
 // Ours      the kernel through its address, RvnScaleNone. It multiplies every output by S = 1,
 //           which the peers do not do.
 // FFTW      fftw_execute on a plan for these very arrays, r2r of the kind FFTW_DHT, FFTW_PATIENT.
+//
+// The names of its kernels and the contenders; length_series.h does the rest.
 
-#include "hartley_contenders.h"
-
+#include "families.h"
 #include "fftw_plans.h"
+#include "kernel_work.h"
 #include "kernels.h"
+
+#include <type_traits>
+
+using namespace rvn::bench; // kernel_work.h
 
 namespace
 {
@@ -19,8 +27,6 @@ template <typename Real> Draw<Real> problems(int length)
         return Problem<Real>{signal, directHartley({signal.begin(), signal.end()})};
     };
 }
-
-} // namespace
 
 template <typename Real>
 Entrants<Real> hartleyEntrants(Buffers<Real>& buffers, int length, Placement placement)
@@ -41,5 +47,29 @@ Entrants<Real> hartleyEntrants(Buffers<Real>& buffers, int length, Placement pla
     return all;
 }
 
-template Entrants<float> hartleyEntrants(Buffers<float>&, int, Placement);
-template Entrants<double> hartleyEntrants(Buffers<double>&, int, Placement);
+template <typename Real> Series series(const Options& options)
+{
+    const auto entrants = [=](Buffers<Real>& buffers, int length) {
+        return hartleyEntrants(buffers, length, options.placement);
+    };
+    return lengthSeries<Real>(
+        {.name = std::is_same_v<Real, float> ? "Hartley_32f" : "Hartley_64f",
+         .firstPeer = 1,
+         .entrants = entrants,
+         .work = [](int length) { return hartleyWork(length, precisionOf<Real>); }},
+        options);
+}
+
+} // namespace
+
+std::vector<std::string> hartleyMethod(const Options&)
+{
+    return {"Hartley   ours: RvnScaleNone, which multiplies by 1; FFTW: r2r of the kind FFTW_DHT, "
+            "FFTW_PATIENT,",
+            "          scalar: FFTW_NO_SIMD"};
+}
+
+Series hartleySeries(const Options& options, Precision precision)
+{
+    return precision == Precision::Double ? series<double>(options) : series<float>(options);
+}
