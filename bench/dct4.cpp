@@ -193,14 +193,8 @@ constexpr SizeRange middle = {.first = 64, .last = 2048};
 Layout layout()
 {
     const Names names = dct4ContenderNames();
-    const Extra planning = {.title = "microseconds to plan",
-                            .summary = "microseconds to plan",
-                            .key = "planning",
-                            .names = names,
-                            .printed = 2,
-                            .format = "%.1f",
-                            .meanName = "geometric mean",
-                            .mean = geometricMean};
+    const Extra planning = {
+        "microseconds to plan", "microseconds to plan", "planning", names, 2, "%.1f"};
     std::vector<Extra> extras = {growthExtra(names)};
     std::ranges::copy(limitExtras(names), std::back_inserter(extras));
     extras.push_back(errorExtra(names));

@@ -31,20 +31,16 @@ struct FamilyEntry {
     Series (*series)(const Options&, Precision);
 };
 
-constexpr std::array<FamilyEntry, 5> families = {{
-    {Family::Complex, complexMethod, complexSeries},
-    {Family::Real, realMethod, realSeries},
-    {Family::Hartley, hartleyMethod, hartleySeries},
-    {Family::Wht, whtMethod, whtSeries},
-    {Family::Dct4, dct4Method, dct4Series},
-}};
-
 std::vector<FamilyEntry> measuredFamilies(const Options& options)
 {
-    std::vector<FamilyEntry> measured;
-    for (const FamilyEntry& entry : families)
-        if (std::ranges::find(options.families, entry.family) != options.families.end())
-            measured.push_back(entry);
+    std::vector<FamilyEntry> measured = {{Family::Complex, complexMethod, complexSeries},
+                                         {Family::Real, realMethod, realSeries},
+                                         {Family::Hartley, hartleyMethod, hartleySeries},
+                                         {Family::Wht, whtMethod, whtSeries},
+                                         {Family::Dct4, dct4Method, dct4Series}};
+    std::erase_if(measured, [&](const FamilyEntry& entry) {
+        return std::ranges::find(options.families, entry.family) == options.families.end();
+    });
     return measured;
 }
 
@@ -76,21 +72,13 @@ void printMachineAndMethod(const Options& options)
         print(entry.method(options));
 }
 
-// A table, one of several.
-struct Turn {
-    std::size_t number;
-    std::size_t of;
-};
-
-void run(const Series& series, Turn turn, const Options& options)
+void run(const Series& series, const std::string& turn, const Options& options)
 {
     const std::string title = series.name + (inPlace(options) ? ", in place" : ", out of place");
     std::printf("\n%s\n\n", title.c_str());
     printHead(series.layout);
     std::vector<Row> rows;
-    Progress progress("rvngenmx_bench, " + std::to_string(turn.number) + " of " +
-                          std::to_string(turn.of) + ": " + series.name,
-                      series.sizes.size());
+    Progress progress("rvngenmx_bench, " + turn + ": " + series.name, series.sizes.size());
     for (const int size : series.sizes) {
         progress.step(series.layout.size + " " + std::to_string(size));
         rows.push_back(series.measure(size));
@@ -105,32 +93,17 @@ void run(const Series& series, Turn turn, const Options& options)
     }
 }
 
-void run(Study study, const Options& options)
-{
-    switch (study) {
-    case Study::Rates:
-        return reportRates(options);
-    case Study::Dispatch:
-        return reportDispatch(options);
-    case Study::Mixed:
-        return reportMixedLengths(options);
-    case Study::Batches:
-        return reportBatches(options);
-    }
-}
-
 void runAll(const Options& options)
 {
     printMachineAndMethod(options);
-    for (const Study study : options.studies)
-        run(study, options);
+    for (const auto study : options.studies)
+        study(options);
     const std::vector<FamilyEntry> measured = measuredFamilies(options);
-    Turn turn = {.number = 0, .of = measured.size() * options.precisions.size()};
+    const std::string of = " of " + std::to_string(measured.size() * options.precisions.size());
+    int turn = 0;
     for (const FamilyEntry& entry : measured)
-        for (const Precision precision : options.precisions) {
-            ++turn.number;
-            run(entry.series(options, precision), turn, options);
-        }
+        for (const Precision precision : options.precisions)
+            run(entry.series(options, precision), std::to_string(++turn) + of, options);
 }
 
 } // namespace

@@ -3,6 +3,8 @@
 
 #include "options.h"
 
+#include "studies.h"
+
 #include <CLI/CLI.hpp>
 #include <algorithm>
 #include <bit>
@@ -58,9 +60,9 @@ std::vector<int> allSizes(int least, int most)
 
 std::vector<int> powersOfTwo(int least, int most)
 {
-    std::vector<int> sizes;
-    for (int size = least; size <= most; size *= 2)
-        sizes.push_back(size);
+    std::vector<int> sizes = allSizes(least, most);
+    std::erase_if(sizes,
+                  [](int size) { return !std::has_single_bit(static_cast<unsigned>(size)); });
     return sizes;
 }
 
@@ -101,10 +103,10 @@ Options parseOptions(int count, char** arguments)
     app.add_flag("--quick", options.quick);
     app.add_option("--output", options.output)->check(CLI::ExistingDirectory);
     app.add_flag("--help,-h", help);
-    for (const auto& [name, study] : {std::pair("--rates", Study::Rates),
-                                      {"--dispatch", Study::Dispatch},
-                                      {"--mixed", Study::Mixed},
-                                      {"--batches", Study::Batches}})
+    for (const auto& [name, study] : {std::pair<const char*, Study>("--rates", reportRates),
+                                      {"--dispatch", reportDispatch},
+                                      {"--mixed", reportMixedLengths},
+                                      {"--batches", reportBatches}})
         app.add_flag_callback(name, [&, study = study] { options.studies.push_back(study); });
 
     try {

@@ -19,9 +19,10 @@ enum class Precision { Single, Double };      // elements 32fc and 32f, 64fc and
 enum class Direction { Forward, Inverse };    // rvngDFTFwd_..., rvngDFTInv_...
 enum class Placement { OutOfPlace, InPlace }; // where the result goes: a second array or the first
 
-// What else can be measured, instead of the families: the rates of the processor, the cost of the
-// dispatchers, calls of all lengths in turn, many transforms of one length.
-enum class Study { Rates, Dispatch, Mixed, Batches };
+struct Options;
+
+// What else can be measured, instead of the families: studies.h.
+using Study = void (*)(const Options&);
 
 struct Options {
     std::vector<Family> families = {Family::Complex, Family::Real, Family::Hartley, Family::Wht,

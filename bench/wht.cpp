@@ -126,15 +126,9 @@ void requireAgreement(std::span<const Contender> contenders, WhtBuffers<Element>
 Layout layout()
 {
     const Names names = judged(whtContenderNames(), firstPeer);
-    std::vector<Extra> extras = {{.title = "ns/element",
-                                  .summary = "nanoseconds an element",
-                                  .key = "element",
-                                  .names = {names.front()},
-                                  .printed = 1,
-                                  .format = "%.3f",
-                                  .meanName = "geometric mean",
-                                  .mean = geometricMean},
-                                 growthExtra(names)};
+    std::vector<Extra> extras = {
+        {"ns/element", "nanoseconds an element", "element", {names.front()}, 1, "%.3f"},
+        growthExtra(names)};
     std::ranges::copy(limitExtras(names), std::back_inserter(extras));
     return {.size = "order",
             .sizes = {{.name = "order", .width = 6}, {.name = "points", .width = 7}},
