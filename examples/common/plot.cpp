@@ -1,19 +1,15 @@
 // plot.cpp - gnuplot reads the script from a file without a name and writes into the open part
-// file: no name has to be quoted, and neither side waits for the other.
+// file, both by the numbers of their descriptors: no name has to be quoted.
 #include "plot.h"
 
 #include "program.h"
 
 #include <array>
 #include <cerrno>
+#include <cstdlib>
 #include <cstring>
 #include <filesystem>
 #include <memory>
-#include <spawn.h>
-#include <sys/wait.h>
-#include <unistd.h>
-
-extern char** environ;
 
 namespace
 {
@@ -46,13 +42,15 @@ std::string lastLine(std::FILE* file)
 bool endsAsPng(std::FILE* file)
 {
     constexpr unsigned char end[] = {0, 0, 0, 0, 'I', 'E', 'N', 'D', 0xae, 0x42, 0x60, 0x82};
-    std::array<unsigned char, sizeof end> last = {};
-    const int descriptor = fileno(file);
-    const off_t size = lseek(descriptor, 0, SEEK_END);
-    return size > static_cast<off_t>(last.size()) &&
-           pread(descriptor, last.data(), last.size(), size - static_cast<off_t>(last.size())) ==
-               static_cast<ssize_t>(last.size()) &&
-           std::memcmp(last.data(), end, sizeof end) == 0;
+    unsigned char last[sizeof end] = {};
+    std::fseek(file, -static_cast<long>(sizeof last), SEEK_END);
+    return std::fread(last, 1, sizeof last, file) == sizeof last &&
+           std::memcmp(last, end, sizeof end) == 0;
+}
+
+std::string descriptor(std::FILE* file)
+{
+    return "/dev/fd/" + std::to_string(fileno(file)) + " ";
 }
 
 } // namespace
@@ -81,22 +79,9 @@ void Plot::add(std::span<const float> values)
 void Plot::draw(PartFile& file) const
 {
     const File script = temporaryFile(script_.str()), words = temporaryFile("");
-    posix_spawn_file_actions_t actions;
-    posix_spawn_file_actions_init(&actions);
-    posix_spawn_file_actions_adddup2(&actions, fileno(script.get()), STDIN_FILENO);
-    posix_spawn_file_actions_adddup2(&actions, fileno(file.stream()), STDOUT_FILENO);
-    posix_spawn_file_actions_adddup2(&actions, fileno(words.get()), STDERR_FILENO);
-    std::string name = "gnuplot", noStartUpFiles = "--default-settings";
-    char* const arguments[] = {name.data(), noStartUpFiles.data(), nullptr};
-    pid_t process = 0;
-    const int error = posix_spawnp(&process, name.c_str(), &actions, nullptr, arguments, environ);
-    posix_spawn_file_actions_destroy(&actions);
-    if (error != 0)
-        throw Failure(std::string("cannot run gnuplot, which draws the picture: ") +
-                      std::strerror(error));
-    int status = 0;
-    waitpid(process, &status, 0);
-    if (status != 0)
+    const std::string command = "gnuplot --default-settings <" + descriptor(script.get()) + ">" +
+                                descriptor(file.stream()) + "2>" + descriptor(words.get());
+    if (std::system(command.c_str()) != 0)
         throw Failure("gnuplot failed: " + lastLine(words.get()));
     errno = 0; // what gnuplot met is not known here
     if (!endsAsPng(file.stream()))

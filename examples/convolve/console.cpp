@@ -72,26 +72,19 @@ void drawPicture(PartFile& file, const Options& options, const Sound& sound, con
 
 bool readOptions(Options& options, int argc, char** argv)
 {
-    CommandLine line(
-        "convolve",
-        "Filters an audio file, mono or stereo, with a finite impulse response: overlap-add with\n"
-        "real transforms of 64 samples. Writes the full convolution, taps - 1 samples longer than\n"
-        "the input, and prints the speed, the peaks and the distance from direct convolution. One\n"
-        "of the four responses is needed.");
+    CommandLine line("convolve",
+                     "Filters an audio file, mono or stereo, with one of four finite impulse "
+                     "responses.");
     std::string lowpass, highpass, bandpass, taps;
     line.input("AUDIO", options.input);
     line.option("--lowpass", "HZ", lowpass, "pass what is below a frequency");
     line.option("--highpass", "HZ", highpass, "pass what is above a frequency");
     line.option("--bandpass", "LOW,HIGH", bandpass, "pass what is between two frequencies");
-    line.option("--response", "FILE", options.responseFile,
-                "the response in an audio file of one channel, or in a text file of numbers with "
-                "spaces, commas or line ends between");
-    line.option("--taps", "N", taps, "taps of the first three, odd, 3 to 8191; by default 33");
+    line.option("--response", "FILE", options.responseFile, "taps in mono audio, or as text");
+    line.option("--taps", "N", taps, "of the first three, odd, 3 to 8191; by default 33");
     line.option("-o,--output", "FILE", options.output,
-                "the filtered recording, a WAV file of 32-bit floats: the input's name with "
-                ".filtered.wav");
-    line.option("-p,--picture", "FILE", options.picture,
-                "draw the mean levels over frequency before and after, a PNG");
+                "a WAV file: the input's name with .filtered.wav");
+    line.option("-p,--picture", "FILE", options.picture, "draw the mean levels before and after");
     if (!line.parse(argc, argv))
         return false;
     const auto given =

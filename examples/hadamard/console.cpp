@@ -10,18 +10,13 @@ bool readOptions(Options& options, int argc, char** argv)
 {
     CommandLine line(
         "hadamard",
-        "Cuts a picture, a PNG, into square blocks, takes the two-dimensional Walsh-Hadamard\n"
-        "transform of each, drops all but the largest coefficients of the whole picture, rebuilds\n"
-        "it by the same transform, and prints how near the result comes and the speed of the\n"
-        "transforms. Colours are handled as luma and chroma, transparency is left alone.");
+        "Rebuilds a picture, a PNG, from the largest coefficients of the Walsh-Hadamard "
+        "transforms\nof its blocks.");
     std::string order = "3", kept = "0.1";
     line.input("PICTURE", options.input);
     line.option("-b,--block", "ORDER", order, "blocks of 2^ORDER x 2^ORDER pixels, 1 to 13");
-    line.option("-k,--keep", "SHARE", kept,
-                "the share of the coefficients that is kept, above 0 and up to 1, which rebuilds "
-                "the picture exactly");
-    line.option("-o,--output", "FILE", options.output,
-                "the rebuilt picture: the input's name with -rebuilt.png");
+    line.option("-k,--keep", "SHARE", kept, "of the coefficients; 1 rebuilds the picture exactly");
+    line.option("-o,--output", "FILE", options.output, "a PNG: the input's name with -rebuilt.png");
     if (!line.parse(argc, argv))
         return false;
     options.order = wholeNumber("--block", order, 1, 13);

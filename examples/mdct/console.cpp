@@ -23,26 +23,17 @@ std::string decibelText(double decibels)
 
 bool readOptions(Options& options, int argc, char** argv)
 {
-    CommandLine line(
-        "mdct",
-        "Takes an audio file of up to eight channels through a modified discrete cosine "
-        "transform,\n"
-        "windowed and overlapped by half, drops all but the strongest coefficients, rebuilds the\n"
-        "recording from the others and draws them over time and frequency. Prints how near the\n"
-        "result comes, how near all coefficients come, and the speed of the transforms.");
+    CommandLine line("mdct",
+                     "Rebuilds an audio file from the strongest coefficients of its modified "
+                     "discrete cosine\ntransform, and draws them.");
     std::string hop = "1024", kept = "0.1", window = "sine";
     line.input("AUDIO", options.input);
-    line.option("-n,--hop", "N", hop,
-                "samples from one frame to the next, half a frame: a power of two, 64 to 32768");
-    line.option("-k,--keep", "SHARE", kept,
-                "the share of the coefficients that is kept, above 0 and up to 1, which rebuilds "
-                "the recording but for rounding");
+    line.option("-n,--hop", "N", hop, "half a frame: a power of two, 64 to 32768");
+    line.option("-k,--keep", "SHARE", kept, "of the coefficients; 1 leaves rounding errors only");
     line.option("-w,--window", "NAME", window, "sine, or kbd for the Kaiser-Bessel-derived one");
     line.option("-o,--output", "FILE", options.output,
-                "the rebuilt recording, a WAV file of 32-bit floats: the input's name with "
-                ".mdct.wav");
-    line.option("-p,--picture", "FILE", options.picture,
-                "the picture, a PNG: the input's name with .mdct.png");
+                "a WAV file: the input's name with .mdct.wav");
+    line.option("-p,--picture", "FILE", options.picture, "a PNG: the input's name with .mdct.png");
     if (!line.parse(argc, argv))
         return false;
     options.hop = wholeNumber("--hop", hop, 64, 32768);

@@ -62,34 +62,25 @@ void printErrors(const Options& options, const Tally& tally)
 
 bool readOptions(Options& options, int argc, char** argv)
 {
-    CommandLine line(
-        "ofdm",
-        "Sends a picture, a PNG of 8 bits a sample, over a simulated radio link of 64 "
-        "subcarriers:\n"
-        "OFDM with 48 of them for data, 4 pilots and a cyclic prefix of 16 samples, or DFT-spread\n"
-        "OFDM. Writes what arrives and prints bit errors, error vector magnitude, PSNR, the peak\n"
-        "power of both kinds of signal and the speed. Transparency is not sent but kept.");
+    CommandLine line("ofdm",
+                     "Sends a picture, a PNG of 8 bits a sample, over a simulated radio link, "
+                     "as OFDM or DFT-spread OFDM.");
     std::string modulation = "qpsk", spread = "0", ratio = "20", channel = "multipath", seed = "1";
     line.input("PICTURE", options.input);
     line.option("-m,--modulation", "NAME", modulation, "qpsk or 16qam; Gray mapped");
     line.option("-s,--spread", "M", spread,
-                "spread the points by a DFT over M neighbouring subcarriers, one in twelve of them "
-                "for pilots: 12, 24, 36, 48 or 60; 0: not");
-    line.option("-n,--snr", "DECIBELS", ratio,
-                "Es/N0: the mean power of a data subcarrier over that of the noise on it; -20 to "
-                "100, or inf");
-    line.option("-c,--channel", "NAME", channel,
-                "multipath: eight taps and a carrier that drifts, both of which the receiver "
-                "estimates; white: noise alone, with a receiver that knows this and estimates "
-                "nothing");
+                "length of the spreading DFT, 12 to 60 in twelves; 0: none");
+    line.option("-n,--snr", "DECIBELS", ratio, "Es/N0 of a data subcarrier; -20 to 100, or inf");
+    line.option(
+        "-c,--channel", "NAME", channel,
+        "multipath: echoes and drift, which the receiver estimates; white: known noise alone");
     line.option("--seed", "NUMBER", seed, "of the channel and the noise");
     line.option("-o,--output", "FILE", options.output,
-                "the received picture, a PNG: the input's name with -received.png");
+                "a PNG: the input's name with -received.png");
     line.option("--constellation", "FILE", options.constellation,
                 "draw the received points, a PNG");
     line.option("--ber", "FILE", options.errorRates,
-                "measure and draw bit error rates over Es/N0 beside the closed forms, a PNG; takes "
-                "some seconds");
+                "measure and draw bit error rates over Es/N0, a PNG; takes some seconds");
     if (!line.parse(argc, argv))
         return false;
     options.modulation = Modulation{choice("--modulation", modulation, {"qpsk", "16qam"})};

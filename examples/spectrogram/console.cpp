@@ -38,17 +38,14 @@ void printPeaks(const Analysis& analysis, int sampleRate)
 bool readOptions(Options& options, int argc, char** argv)
 {
     CommandLine line("spectrogram",
-                     "Cuts an audio file, mono or stereo, into Hann-windowed frames, transforms "
-                     "them, draws\ntime, frequency and level, and prints the strongest "
-                     "frequencies, the speed of the\ntransforms and their round-trip error.");
+                     "Draws an audio file, mono or stereo, over time and frequency, and "
+                     "finds its strongest\nfrequencies.");
     std::string length = "64", hop = "N/2";
     line.input("AUDIO", options.input);
     line.option("-n,--length", "N", length, "samples of a frame, 2 to 64");
     line.option("--hop", "H", hop, "samples from one frame to the next, 1 to N");
     line.option("-o,--output", "FILE", options.output, "the picture: the input's name with .png");
-    line.flag("--iq", options.iq,
-              "the two channels are the parts I and Q of one complex signal; frequencies then "
-              "run from minus to plus half the sample rate");
+    line.flag("--iq", options.iq, "the two channels are the parts I and Q of one complex signal");
     if (!line.parse(argc, argv))
         return false;
     options.length = wholeNumber("--length", length, 2, 64);
