@@ -22,9 +22,9 @@
 #include "means.h"
 
 #include <algorithm>
-#include <array>
 #include <chrono>
 #include <cstdint>
+#include <cstdlib>
 #include <iterator>
 #include <memory>
 #include <new>
@@ -40,41 +40,27 @@ namespace
 // The arrays begin a third of a page apart, so that those of small sizes never have elements a
 // multiple of 4096 bytes apart, where a load can be taken to depend on a store that it has nothing
 // to do with. Larger sizes have them whatever one does.
-template <typename Real> class Dct4Buffers
-{
-public:
+template <typename Real> struct Dct4Buffers {
     Dct4Buffers(int size, std::size_t planBytes)
     {
-        const std::size_t bytes = static_cast<std::size_t>(size) * sizeof(Real);
-        const std::size_t toTarget = wholePages(bytes) + gap;
-        const std::size_t toBlock = toTarget + wholePages(bytes) + gap;
-        memory.reset(static_cast<std::byte*>(::operator new(toBlock + planBytes, pageAligned)));
-        source = {reinterpret_cast<Real*>(memory.get()), static_cast<std::size_t>(size)};
-        target = {reinterpret_cast<Real*>(memory.get() + toTarget), source.size()};
-        block = memory.get() + toBlock;
+        constexpr std::size_t page = 4096, gap = 1344;
+        const std::size_t step = (size * sizeof(Real) + page - 1) / page * page + gap;
+        memory.reset(std::aligned_alloc(page, (2 * step + planBytes + page - 1) / page * page));
+        if (!memory)
+            throw std::bad_alloc();
+        auto* const bytes = static_cast<std::byte*>(memory.get());
+        source = {reinterpret_cast<Real*>(bytes), static_cast<std::size_t>(size)};
+        target = {reinterpret_cast<Real*>(bytes + step), source.size()};
+        block = bytes + 2 * step;
     }
-
     std::span<Real> destination(Placement placement) const
     {
         return placement == Placement::InPlace ? source : target;
     }
 
-    std::span<Real> source;
-    std::span<Real> target;
+    std::unique_ptr<void, void (*)(void*)> memory{nullptr, std::free};
+    std::span<Real> source, target;
     std::byte* block = nullptr;
-
-private:
-    static constexpr std::size_t page = 4096;
-    static constexpr std::size_t gap = 1344;
-    static constexpr std::align_val_t pageAligned = std::align_val_t(page);
-
-    struct Release {
-        void operator()(std::byte* memory) const { ::operator delete(memory, pageAligned); }
-    };
-
-    static std::size_t wholePages(std::size_t bytes) { return (bytes + page - 1) / page * page; }
-
-    std::unique_ptr<std::byte, Release> memory;
 };
 
 template <typename Real> struct Dct4Entrant {
@@ -85,20 +71,17 @@ template <typename Real> struct Dct4Entrant {
 
 inline constexpr int largestPatientSize = 1 << 14; // beyond it FFTW plans with FFTW_MEASURE
 
-using WallClock = std::chrono::steady_clock;
-
-template <typename Call> double microseconds(Call call)
+// The median of some calls.
+template <typename Call> double microseconds(int calls, Call call)
 {
-    const WallClock::time_point start = WallClock::now();
-    call();
-    return std::chrono::duration<double, std::micro>(WallClock::now() - start).count();
-}
-
-// The median of a few.
-template <typename Call> double usualMicroseconds(Call call)
-{
-    std::array<double, 7> times;
-    std::ranges::generate(times, [&] { return microseconds(call); });
+    std::vector<double> times;
+    for (int i = 0; i < calls; ++i) {
+        const auto start = std::chrono::steady_clock::now();
+        call();
+        times.push_back(
+            std::chrono::duration<double, std::micro>(std::chrono::steady_clock::now() - start)
+                .count());
+    }
     std::ranges::sort(times);
     return times[times.size() / 2];
 }
@@ -121,59 +104,27 @@ template <typename Real> Draw<Real> problems(int size, int factor)
 }
 
 template <typename Real>
-Dct4Entrant<Real> ours(const Real* source, Real* destination, int size, void* block)
-{
-    using Api = Dct4<Real>;
-    typename Api::Spec* spec = nullptr;
-    const double planning =
-        usualMicroseconds([&] { require(Api::plan(&spec, size, block), size); });
-    return {.contender = contender("ours", [=] { Api::transform(source, destination, spec); }),
-            .draw = problems<Real>(size, 1),
-            .planning = planning};
-}
-
-template <typename Real>
-Dct4Entrant<Real> fftw(const FftwVariant& variant, unsigned effort, Real* source, Real* destination,
-                       int size)
-{
-    using Api = Fftw<Real>;
-    FftwPlan<Real> plan;
-    const double planning = microseconds([&] {
-        plan = planFftw<Real>(Api::realToReal, size, source, destination, FFTW_REDFT11,
-                              effort | variant.flags);
-    });
-    return {.contender = contender(variant.name, [=] { Api::execute(plan.get()); }),
-            .draw = problems<Real>(size, 2),
-            .planning = planning};
-}
-
-template <typename Real> std::size_t dct4PlanBytes(int size)
-{
-    std::int32_t bytes = 0;
-    require(Dct4<Real>::planBytes(size, &bytes), size);
-    return static_cast<std::size_t>(bytes);
-}
-
-Names dct4ContenderNames()
-{
-    Names names = {"ours"};
-    for (const FftwVariant& variant : fftwVariants)
-        names.push_back(variant.name);
-    return names;
-}
-
-template <typename Real>
 std::vector<Dct4Entrant<Real>> dct4Entrants(const Dct4Buffers<Real>& buffers, int size,
                                             const Options& options)
 {
     Real* const source = buffers.source.data();
     Real* const destination = buffers.destination(options.placement).data();
+    typename Dct4<Real>::Spec* spec = nullptr;
+    const double planning =
+        microseconds(7, [&] { require(Dct4<Real>::plan(&spec, size, buffers.block), size); });
+    std::vector<Dct4Entrant<Real>> all = {
+        {contender("ours", [=] { Dct4<Real>::transform(source, destination, spec); }),
+         problems<Real>(size, 1), planning}};
     const bool isPatient = !options.quick && size <= largestPatientSize;
-
-    std::vector<Dct4Entrant<Real>> all = {ours(source, destination, size, buffers.block)};
-    for (const FftwVariant& variant : fftwVariants)
-        all.push_back(
-            fftw(variant, isPatient ? FFTW_PATIENT : FFTW_MEASURE, source, destination, size));
+    for (const FftwVariant& variant : fftwVariants) {
+        FftwPlan<Real> plan;
+        const double its = microseconds(1, [&] {
+            plan = planFftw<Real>(Fftw<Real>::realToReal, size, source, destination, FFTW_REDFT11,
+                                  (isPatient ? FFTW_PATIENT : FFTW_MEASURE) | variant.flags);
+        });
+        all.push_back({contender(variant.name, [=] { Fftw<Real>::execute(plan.get()); }),
+                       problems<Real>(size, 2), its});
+    }
     return all;
 }
 
@@ -192,7 +143,7 @@ constexpr SizeRange middle = {.first = 64, .last = 2048};
 
 Layout layout()
 {
-    const Names names = dct4ContenderNames();
+    const Names names = {"ours", fftwVariants[0].name, fftwVariants[1].name};
     const Extra planning = {
         "microseconds to plan", "microseconds to plan", "planning", names, 2, "%.1f"};
     std::vector<Extra> extras = {growthExtra(names)};
@@ -220,7 +171,9 @@ try {
 
 template <typename Real> Row measureSize(int size, const Options& options)
 {
-    const Dct4Buffers<Real> buffers(size, dct4PlanBytes<Real>(size));
+    std::int32_t planBytes = 0;
+    require(Dct4<Real>::planBytes(size, &planBytes), size);
+    const Dct4Buffers<Real> buffers(size, static_cast<std::size_t>(planBytes));
     std::vector<Contender> contenders;
     std::vector<double> errors;
     std::vector<double> planning;
