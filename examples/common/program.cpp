@@ -55,10 +55,9 @@ std::string formatted(const char* format, double value)
     return text;
 }
 
-void expectNoError(int status)
+void refuseStatus(int status)
 {
-    if (status != RvnStatusNoError)
-        throw Failure("the transform failed with status " + std::to_string(status));
+    throw Failure("the transform failed with status " + std::to_string(status));
 }
 
 int runProgram(const char* name, int argc, char** argv, void (*run)(int argc, char** argv))

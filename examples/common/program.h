@@ -23,10 +23,11 @@ struct UsageFailure : Failure {
 int runProgram(const char* name, int argc, char** argv, void (*run)(int argc, char** argv));
 
 // Throws Failure for a status of the library, from C or C++, other than that of no error.
-void expectNoError(int status);
+[[noreturn]] void refuseStatus(int status);
 template <typename Status> void check(Status status)
 {
-    expectNoError(static_cast<int>(status));
+    if (static_cast<int>(status) != RvnStatusNoError)
+        refuseStatus(static_cast<int>(status));
 }
 
 // The text with question marks for control characters and for bytes that are no UTF-8: file names
