@@ -111,6 +111,7 @@ TEST_F(Ofdm, APictureWithoutNoisePassesThroughEchoesUnharmed)
             for (const std::string modulation : {" -m qpsk", " -m 16qam"}) {
                 const RunResult result = send(waveform + modulation + " -n inf");
                 EXPECT_EQ(result.found("PSNR +([a-z]+)"), "infinite");
+                EXPECT_LT(result.number("EVM +([0-9.]+)"), 2);
                 EXPECT_TRUE(samples("in.png") == samples("out.png")) << waveform << modulation;
             }
     }

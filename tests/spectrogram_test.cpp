@@ -211,6 +211,7 @@ TEST_F(Spectrogram, AxesHaveTheirUnitsAndTitlesTheirNames)
         {600, 48000, "", {"time in ms'", "[0:12.5]", "frequency in kHz'", "[0:24]"}},
         {12, 48000, "-n 8", {"time in us'", "[0:250]", "frequency in kHz'", "[0:24]"}},
         {500, 2000, "", {"time in ms'", "[0:250]", "frequency in Hz'", "[0:1000]"}},
+        {4000, 16000, "", {"time in ms'", "[0:250]", "frequency in kHz'", "[0:8]"}},
         {5000, 5000000, "", {"time in ms'", "[0:1]", "frequency in MHz'", "[0:2.5]"}},
     };
     for (const auto& c : cases) {
