@@ -27,7 +27,7 @@ Constellation::Constellation(Modulation modulation)
     const int levels = 1 << axisBits_;
     for (int i = 0; i < levels; ++i)
         for (int q = 0; q < levels; ++q)
-            table_[(grayCode(i) << axisBits_ | grayCode(q))] = {
+            table_[grayCode(i) << axisBits_ | grayCode(q)] = {
                 static_cast<float>(2 * i + 1 - levels) * unit_,
                 static_cast<float>(2 * q + 1 - levels) * unit_};
 }

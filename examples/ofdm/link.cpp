@@ -114,7 +114,7 @@ void Link::judge(std::span<const std::uint8_t> labels, std::span<const Complex> 
         tally_.errorPower += std::norm(points[i] - constellation_.point(labels[i]));
     tally_.points += static_cast<std::int64_t>(labels.size());
     const std::size_t room = mostPoints - points_.size();
-    points_.insert(points_.end(), points.begin(), points.begin() + (std::min(room, labels.size())));
+    points_.insert(points_.end(), points.begin(), points.begin() + std::min(room, labels.size()));
 }
 
 std::vector<std::uint8_t> payloadOf(const Picture& picture)

@@ -15,46 +15,25 @@
 namespace
 {
 
-struct Term {
-    double weight, multiple;
-};
-
-constexpr Term qpskTerms[] = {{1, 1}};
-constexpr Term qam16Terms[] = {{0.75, 1}, {0.5, 3}, {-0.25, 5}};
-
+// Weights and multiples of each term.
 template <typename Tail> double sum(Modulation modulation, double ratio, Tail tail)
 {
+    using Terms = std::vector<std::pair<double, double>>;
     const bool qpsk = modulation == Modulation::qpsk;
-    const std::span<const Term> terms = qpsk ? std::span<const Term>(qpskTerms) : qam16Terms;
-    const double square = qpsk ? ratio : ratio / 5;
     double rate = 0;
-    for (const Term& term : terms)
-        rate += term.weight * tail(term.multiple * term.multiple * square);
+    for (const auto& [weight, m] : qpsk ? Terms{{1, 1}} : Terms{{0.75, 1}, {0.5, 3}, {-0.25, 5}})
+        rate += weight * tail(m * m * (qpsk ? ratio : ratio / 5));
     return rate;
 }
 
-constexpr std::int64_t enoughErrors = 400;
-constexpr std::int64_t mostBits = std::int64_t{1} << 20;
-constexpr std::size_t burstBytes = 240; // 10 to 20 symbols of plain OFDM
-
-class Source
+// 10 to 20 symbols of plain OFDM.
+void sendBurst(Link& link, Random& random)
 {
-public:
-    explicit Source(std::uint64_t seed) : random_(seed, dataStream) {}
-
-    std::uint64_t nextSeed() { return random_.bits(); }
-
-    void sendBurst(Link& link)
-    {
-        for (std::uint8_t& byte : sent_)
-            byte = random_.byte();
-        link.send(sent_, received_);
-    }
-
-private:
-    Random random_;
-    std::array<std::uint8_t, burstBytes> sent_ = {}, received_ = {};
-};
+    std::array<std::uint8_t, 240> sent, received;
+    for (std::uint8_t& byte : sent)
+        byte = random.byte();
+    link.send(sent, received);
+}
 
 } // namespace
 
@@ -84,34 +63,29 @@ double fadingErrorRate(Modulation modulation, double ratio)
 Rates sweepWhite(Modulation modulation, int spread, std::uint64_t seed, double lowestRate)
 {
     Rates rates;
-    Source source(seed);
-    for (int decibels = 0;; ++decibels) {
-        const double ratio = fromDecibels(decibels);
-        if (whiteErrorRate(modulation, ratio) < lowestRate)
-            return rates;
-        Link link({modulation, spread, ChannelKind::white, 1 / ratio, source.nextSeed()});
-        while (link.tally().bitErrors < enoughErrors && link.tally().bits < mostBits)
-            source.sendBurst(link);
-        rates.push_back({static_cast<double>(decibels), link.tally().errorRate()});
+    Random random(seed, dataStream);
+    for (double x = 0; whiteErrorRate(modulation, fromDecibels(x)) >= lowestRate; ++x) {
+        Link link({modulation, spread, ChannelKind::white, 1 / fromDecibels(x), random.bits()});
+        while (link.tally().bitErrors < 400 && link.tally().bits < 1 << 20)
+            sendBurst(link, random);
+        rates.emplace_back(x, link.tally().errorRate());
     }
+    return rates;
 }
 
 Rates sweepMultipath(Modulation modulation, int spread, std::uint64_t seed, double mostDecibels)
 {
-    constexpr int step = 2;
     Rates rates;
-    for (int decibels = 0; decibels <= mostDecibels; decibels += step) {
-        Source source(seed); // the same channels at every step
-        std::int64_t bits = 0, errors = 0;
+    for (double x = 0; x <= mostDecibels; x += 2) {
+        Random random(seed, dataStream); // the same channels at every step
+        double sum = 0;
         for (int i = 0; i < channelsOfSweep; ++i) {
-            Link link({modulation, spread, ChannelKind::multipath, 1 / fromDecibels(decibels),
-                       source.nextSeed()});
-            source.sendBurst(link);
-            bits += link.tally().bits;
-            errors += link.tally().bitErrors;
+            Link link(
+                {modulation, spread, ChannelKind::multipath, 1 / fromDecibels(x), random.bits()});
+            sendBurst(link, random);
+            sum += link.tally().errorRate(); // of equally many bits
         }
-        rates.push_back({static_cast<double>(decibels),
-                         static_cast<double>(errors) / static_cast<double>(bits)});
+        rates.emplace_back(x, sum / channelsOfSweep);
     }
     return rates;
 }
