@@ -23,6 +23,7 @@ firstExtra = firstRatio + ratios
 firstPeer = times - ratios # as a contender, counted from 0
 
 set datafile missing "-"
+set zero 1e-30 # errors are not
 set terminal pngcairo size 1000,520 font "Sans,10" noenhanced background "#ffffff"
 set ytics nomirror
 set grid xtics ytics mytics linetype 1 linecolor "#dddddd", linetype 1 linecolor "#eeeeee"
@@ -104,7 +105,7 @@ do for [g = 1 : (words(columns) - 3) / 2] {
             linewidth 1.5 pointsize 0.6 linecolor rgb color(c) pointtype mark(c) title name(c), \
             for [i = 0 : others - 1] data using 1:(column(firstExtra) / column(cores + i)) \
             with lines linetype 1 dashtype 3 + i title "limit " . name(cores + i), \
-            for [i = 1 : group == 2] i with lines linetype 1 dashtype 2 title "limit"
+            (group == 2 ? 1 : NaN) with lines linetype 1 dashtype 2 title (group == 2 ? "limit" : "")
     }
     firstExtra = firstExtra + groupSize(g)
 }
