@@ -10,7 +10,6 @@
 #include <bit>
 #include <charconv>
 #include <cstdio>
-#include <map>
 
 namespace
 {
@@ -78,15 +77,7 @@ Options parseOptions(int count, char** arguments)
     Texts lengths, orders, sizes, limits;
     std::string family, precision, repetitions;
     bool help = false, inPlace = false, inverse = false;
-    const std::map<std::string, Family> families = {{"complex", Family::Complex},
-                                                    {"real", Family::Real},
-                                                    {"hartley", Family::Hartley},
-                                                    {"wht", Family::Wht},
-                                                    {"dct4", Family::Dct4}};
-    const std::map<std::string, Precision> precisions = {{"32fc", Precision::Single},
-                                                         {"32f", Precision::Single},
-                                                         {"64fc", Precision::Double},
-                                                         {"64f", Precision::Double}};
+    const Texts families = {"complex", "real", "hartley", "wht", "dct4"}; // as in Family
     // Each with the families that it concerns; none: the studies too.
     using enum Family;
     std::vector<std::pair<CLI::Option*, std::vector<Family>>> all = {
@@ -98,7 +89,7 @@ Options parseOptions(int count, char** arguments)
         {app.add_flag("--in-place", inPlace), {Complex, Real, Hartley, Wht, Dct4}},
         {app.add_flag("--inverse", inverse), {Complex, Real}},
         {app.add_option("--limit", limits)->delimiter(','), {Complex, Real, Hartley, Wht, Dct4}}};
-    app.add_option("--precision", precision)->check(CLI::IsMember(precisions));
+    app.add_option("--precision", precision)->check(CLI::IsMember({"32fc", "32f", "64fc", "64f"}));
     app.add_option("--repetitions", repetitions);
     app.add_flag("--quick", options.quick);
     app.add_option("--output", options.output)->check(CLI::ExistingDirectory);
@@ -120,7 +111,8 @@ Options parseOptions(int count, char** arguments)
         if (!options.studies.empty())
             options.families.clear();
         if (!family.empty() && options.studies.empty())
-            options.families = {families.at(family)};
+            options.families = {
+                static_cast<Family>(std::ranges::find(families, family) - families.begin())};
         for (const auto& [option, concerned] : all)
             if (option->count() > 0 &&
                 std::ranges::find_first_of(options.families, concerned) == options.families.end())
@@ -149,7 +141,7 @@ Options parseOptions(int count, char** arguments)
         throw std::invalid_argument(error.what() + std::string(" (see --help)"));
     }
     if (!precision.empty())
-        options.precisions = {precisions.at(precision)};
+        options.precisions = {precision.starts_with("32") ? Precision::Single : Precision::Double};
     options.placement = inPlace ? Placement::InPlace : Placement::OutOfPlace;
     options.direction = inverse ? Direction::Inverse : Direction::Forward;
     return options;
