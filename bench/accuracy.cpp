@@ -8,9 +8,6 @@
 #include <limits>
 #include <stdexcept>
 
-namespace rvn::bench
-{
-
 namespace
 {
 
@@ -51,5 +48,3 @@ template double relativeRmsError(const Contender&, const Draw<float>&, std::span
                                  std::span<float>, int);
 template double relativeRmsError(const Contender&, const Draw<double>&, std::span<double>,
                                  std::span<double>, int);
-
-} // namespace rvn::bench

@@ -9,9 +9,6 @@
 #include <span>
 #include <vector>
 
-namespace rvn::bench
-{
-
 // What a contender is given, and what is right for it to return, each in the order of memory.
 template <typename Real> struct Problem {
     std::vector<Real> input;
@@ -27,5 +24,3 @@ template <typename Real> using Draw = std::function<Problem<Real>(Random&)>;
 template <typename Real>
 double relativeRmsError(const Contender& contender, const Draw<Real>& draw, std::span<Real> source,
                         std::span<Real> destination, int trials);
-
-} // namespace rvn::bench

@@ -6,13 +6,13 @@
 //   worst    the largest |error| of any output, over the root mean square of the trial's outputs
 // Both are given in units of the format's rounding, 2^-53 or 2^-24.
 
-#include "dct4_kernels.h"
 #include "dct4_reference.h"
 #include "direct_sum.h"
 #include "half_spectrum.h"
 #include "input.h"
 #include "kernels.h"
 #include "progress.h"
+#include "rvngenmx.hpp"
 #include "wht_kernels.h"
 
 #include <algorithm>
@@ -24,9 +24,6 @@
 #include <limits>
 #include <stdexcept>
 #include <string>
-
-namespace rvn::bench
-{
 
 namespace
 {
@@ -145,14 +142,11 @@ template <typename Real> Errors whtErrors(int order)
 
 template <typename Real> Errors dct4Errors(int size)
 {
-    std::int32_t bytes = 0;
-    Dct4<Real>::planBytes(size, &bytes);
-    std::vector<std::byte> block(static_cast<std::size_t>(bytes));
-    typename Dct4<Real>::Spec* spec = nullptr;
-    Dct4<Real>::plan(&spec, size, block.data());
-    const auto call = [spec](const std::vector<Real>& input) {
+    rvng::Dct4<Real> plan(static_cast<std::size_t>(size));
+    const auto call = [&plan](const std::vector<Real>& input) {
         std::vector<Real> output(input.size());
-        Dct4<Real>::transform(input.data(), output.data(), spec);
+        if (plan.run(input, output) != rvng::Status::NoError)
+            throw std::runtime_error("a plan is refused");
         return output;
     };
     return errorsOf<Real>(call, referenceDct4, size, size <= 256 ? trials : 3);
@@ -199,13 +193,11 @@ void printPowersOfTwo()
 
 } // namespace
 
-} // namespace rvn::bench
-
 int main()
 {
     try {
-        rvn::bench::printDfts();
-        rvn::bench::printPowersOfTwo();
+        printDfts();
+        printPowersOfTwo();
         return 0;
     } catch (const std::exception& failure) {
         std::fprintf(stderr, "rvngenmx_accuracy: %s\n", failure.what());

@@ -7,9 +7,6 @@
 #include <array>
 #include <cstddef>
 
-namespace rvn::bench
-{
-
 // One page holds both: no two of their elements lie a multiple of 4096 bytes apart, where a load
 // can be taken to depend on a store that it has nothing to do with, and every contender meets the
 // same addresses. The longest content is a complex signal.
@@ -24,5 +21,3 @@ template <typename Real> struct alignas(4096) Buffers {
 };
 
 static_assert(sizeof(Buffers<double>) == 4096 && sizeof(Buffers<float>) == 4096);
-
-} // namespace rvn::bench

@@ -6,9 +6,6 @@
 #include <array>
 #include <cstdint>
 
-namespace rvn::bench
-{
-
 namespace
 {
 
@@ -50,5 +47,3 @@ double clockNow(double seconds)
     const std::array<Contender, 1> chain = {clockChain()};
     return additionsInChain / measure(chain, roundsNow, seconds).front().nanoseconds;
 }
-
-} // namespace rvn::bench

@@ -7,9 +7,6 @@
 
 #include <vector>
 
-namespace rvn::bench
-{
-
 struct TimingsAndCycles {
     std::vector<Timing> timings; // as measure() gives them
     double cycles;               // of a call of the first contender
@@ -20,5 +17,3 @@ TimingsAndCycles measureInCycles(std::vector<Contender> contenders, int rounds, 
 
 // In GHz, over a few rounds of the given time.
 double clockNow(double seconds);
-
-} // namespace rvn::bench

@@ -10,9 +10,6 @@
 #include <string>
 #include <vector>
 
-namespace rvn::bench
-{
-
 using Names = std::vector<std::string>;
 
 struct Contender {
@@ -35,5 +32,3 @@ template <typename Call> Contender contender(const std::string& name, Call call)
     };
     return {.name = name, .transform = call, .repeat = repeat};
 }
-
-} // namespace rvn::bench

@@ -7,9 +7,6 @@
 #include <fstream>
 #include <stdexcept>
 
-namespace rvn::bench
-{
-
 namespace
 {
 
@@ -74,5 +71,3 @@ void writeData(const std::string& path, const std::string& title, const Layout& 
     if (!file)
         throw std::runtime_error("cannot write " + path);
 }
-
-} // namespace rvn::bench

@@ -6,9 +6,6 @@
 #include <string>
 #include <vector>
 
-namespace rvn::bench
-{
-
 // Three comments and a table:
 //
 //     # the title
@@ -21,5 +18,3 @@ namespace rvn::bench
 // written.
 void writeData(const std::string& path, const std::string& title, const Layout& layout,
                const std::vector<Row>& rows);
-
-} // namespace rvn::bench

@@ -3,9 +3,6 @@
 
 #include "rvngenmx.h"
 
-namespace rvn::bench
-{
-
 template <typename Real> struct Dct4;
 
 template <> struct Dct4<double> {
@@ -21,5 +18,3 @@ template <> struct Dct4<float> {
     static constexpr auto plan = rvngDCT4Init_32f;
     static constexpr auto transform = rvngDCT4_32f;
 };
-
-} // namespace rvn::bench

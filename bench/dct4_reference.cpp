@@ -15,9 +15,6 @@
 #include <span>
 #include <vector>
 
-namespace rvn::bench
-{
-
 namespace
 {
 
@@ -89,5 +86,3 @@ Numbers referenceDct4(const Numbers& signal)
 {
     return signal.size() <= largestDirectDct4 ? directDct4(signal) : fastDct4(signal);
 }
-
-} // namespace rvn::bench

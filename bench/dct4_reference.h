@@ -3,12 +3,7 @@
 
 #include "direct_sum.h"
 
-namespace rvn::bench
-{
-
 inline constexpr int largestDirectDct4 = 1 << 12;
 
 // Of a power of two from 2 up: the direct sum to the size above, beyond it a fast transform.
 Numbers referenceDct4(const Numbers& signal);
-
-} // namespace rvn::bench

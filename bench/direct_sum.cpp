@@ -16,9 +16,6 @@
 #include <limits>
 #include <numbers>
 
-namespace rvn::bench
-{
-
 namespace
 {
 
@@ -126,5 +123,3 @@ Numbers directDct4(const Numbers& signal)
     }
     return transform;
 }
-
-} // namespace rvn::bench

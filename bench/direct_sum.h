@@ -6,9 +6,6 @@
 
 #include <vector>
 
-namespace rvn::bench
-{
-
 using Numbers = std::vector<long double>;
 
 // Complex numbers are pairs, real part first.
@@ -21,5 +18,3 @@ Numbers directInverseRealDft(const Numbers& halfSpectrum, int length);
 Numbers directHartley(const Numbers& signal);
 
 Numbers directDct4(const Numbers& signal);
-
-} // namespace rvn::bench

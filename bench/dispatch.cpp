@@ -1,7 +1,7 @@
 // Both are called through an address that the dynamic linker resolved. The length does not change
 // from one call to the next, so that the jump of the dispatcher is predicted.
 
-#include "dispatch.h"
+#include "studies.h"
 
 #include "buffers.h"
 #include "clock.h"
@@ -14,9 +14,6 @@
 #include <cstdio>
 #include <memory>
 #include <string>
-
-namespace rvn::bench
-{
 
 namespace
 {
@@ -64,5 +61,3 @@ void reportDispatch(const Options& options)
     if (std::ranges::count(options.precisions, Precision::Single) > 0)
         report<float, Rvn32fc>("DFTFwd_CToC_32fc", fwdCToC, rvngDFTFwd_CToC_32fc, options);
 }
-
-} // namespace rvn::bench

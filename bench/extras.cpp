@@ -4,9 +4,6 @@
 
 #include <cmath>
 
-namespace rvn::bench
-{
-
 namespace
 {
 
@@ -41,26 +38,19 @@ Names judged(const Names& contenders, std::size_t firstPeer)
 
 Extra errorExtra(const Names& names)
 {
-    return {.title = "relative rms error",
-            .summary = "relative rms error over all of them",
-            .key = "error",
-            .names = names,
-            .printed = 2, // ours and that of FFTW scalar
-            .format = "%.2e",
-            .meanName = "rms",
-            .mean = rootMeanSquare};
+    return {"relative rms error",
+            "relative rms error over all of them",
+            "error",
+            names,
+            2, // ours and that of FFTW scalar
+            "%.2e",
+            "rms",
+            rootMeanSquare};
 }
 
 Extra growthExtra(const Names& names)
 {
-    return {.title = "growth",
-            .summary = "growth: nanoseconds over N log2 N",
-            .key = "growth",
-            .names = names,
-            .printed = 1,
-            .format = "%.3f",
-            .meanName = "geometric mean",
-            .mean = geometricMean};
+    return {"growth", "growth: nanoseconds over N log2 N", "growth", names, 1, "%.3f"};
 }
 
 std::vector<double> growth(const std::vector<Timing>& timings, std::size_t firstPeer, int size)
@@ -72,22 +62,8 @@ std::vector<double> growth(const std::vector<Timing>& timings, std::size_t first
 
 std::vector<Extra> limitExtras(const Names& names)
 {
-    return {{.title = "cycles a call",
-             .summary = "cycles a call",
-             .key = "cycles",
-             .names = {names.front(), "limit"},
-             .printed = 2,
-             .format = "%.1f",
-             .meanName = "geometric mean",
-             .mean = geometricMean},
-            {.title = "over limit",
-             .summary = "time over the limit of our operations",
-             .key = "limit",
-             .names = names,
-             .printed = 1,
-             .format = "%.2f",
-             .meanName = "geometric mean",
-             .mean = geometricMean}};
+    return {{"cycles a call", "cycles a call", "cycles", {names.front(), "limit"}, 2, "%.1f"},
+            {"over limit", "time over the limit of our operations", "limit", names, 1, "%.2f"}};
 }
 
 std::vector<std::vector<double>> overLimit(const TimingsAndCycles& found, std::size_t firstPeer,
@@ -102,14 +78,7 @@ std::vector<std::vector<double>> overLimit(const TimingsAndCycles& found, std::s
 Extra coresExtra(bool converts)
 {
     const Names names = converts ? Names{"from memory", "four pipes"} : Names{"four pipes"};
-    return {.title = "other limits",
-            .summary = "our time over other limits",
-            .key = "cores",
-            .names = names,
-            .printed = names.size(),
-            .format = "%.2f",
-            .meanName = "geometric mean",
-            .mean = geometricMean};
+    return {"other limits", "our time over other limits", "cores", names, names.size(), "%.2f"};
 }
 
 std::vector<double> overCores(const TimingsAndCycles& found, const Work& work, bool converts)
@@ -120,5 +89,3 @@ std::vector<double> overCores(const TimingsAndCycles& found, const Work& work, b
     values.push_back(found.cycles / limitInCycles(work, Core::FourPipes));
     return values;
 }
-
-} // namespace rvn::bench

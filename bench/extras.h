@@ -8,9 +8,6 @@
 #include <string>
 #include <vector>
 
-namespace rvn::bench
-{
-
 // What the limits are, for the head of the output.
 std::vector<std::string> limitMethod();
 
@@ -32,5 +29,3 @@ std::vector<std::vector<double>> overLimit(const TimingsAndCycles& found, std::s
 // A third one: our time over the limits of other cores. Without conversions two of them are one.
 Extra coresExtra(bool converts);
 std::vector<double> overCores(const TimingsAndCycles& found, const Work& work, bool converts);
-
-} // namespace rvn::bench

@@ -9,9 +9,6 @@
 #include <stdexcept>
 #include <type_traits>
 
-namespace rvn::bench
-{
-
 // FFTW names its functions by precision; this is the one place that knows both sets.
 template <typename Real> struct Fftw;
 
@@ -71,5 +68,3 @@ FftwPlan<Real> planFftw(Planner planner, Arguments... arguments)
         throw std::runtime_error("FFTW made no plan");
     return plan;
 }
-
-} // namespace rvn::bench

@@ -4,9 +4,6 @@
 #include <algorithm>
 #include <vector>
 
-namespace rvn::bench
-{
-
 enum class HalfSpectrum { Ccs, Pack, Perm };
 
 // The values, pairs of N/2 + 1 complex numbers as in CCS, in a layout: Pack and Perm leave out the
@@ -23,5 +20,3 @@ std::vector<Number> arranged(std::vector<Number> values, int length, HalfSpectru
         std::rotate(values.begin() + 1, values.end() - 1, values.end());
     return values;
 }
-
-} // namespace rvn::bench

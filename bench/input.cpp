@@ -4,9 +4,6 @@
 
 #include <algorithm>
 
-namespace rvn::bench
-{
-
 template <typename Real> void fillAtRandom(std::span<Real> values, Random& random)
 {
     std::uniform_real_distribution<Real> uniform(-1, 1);
@@ -27,5 +24,3 @@ template void fillAtRandom(std::span<float>, Random&);
 template void fillAtRandom(std::span<double>, Random&);
 template void fillForTiming(std::span<float>, Placement);
 template void fillForTiming(std::span<double>, Placement);
-
-} // namespace rvn::bench

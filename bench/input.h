@@ -8,9 +8,6 @@
 #include <span>
 #include <vector>
 
-namespace rvn::bench
-{
-
 using Random = std::mt19937_64;
 
 inline constexpr Random::result_type seed = 20;
@@ -30,5 +27,3 @@ template <typename Real> std::vector<Real> drawn(int count, Random& random)
 // result, and but for zeros any input would overflow or vanish in the end, if only by rounding; the
 // additions and multiplications of the processor take as long for zeros.
 template <typename Real> void fillForTiming(std::span<Real> values, Placement placement);
-
-} // namespace rvn::bench

@@ -9,9 +9,6 @@
 #include <cstddef>
 #include <type_traits>
 
-namespace rvn::bench
-{
-
 // A complex number.
 template <typename Real>
 using Pair = std::conditional_t<std::is_same_v<Real, float>, Rvn32fc, Rvn64fc>;
@@ -68,5 +65,3 @@ inline constexpr RealKernels hartleyKernels = {KERNELS(rvngHartley, 32f),
 
 #undef KERNELS
 #undef KERNEL_ADDRESS
-
-} // namespace rvn::bench

@@ -12,9 +12,6 @@
 #include <stdexcept>
 #include <type_traits>
 
-namespace rvn::bench
-{
-
 template <typename Config> using KissState = std::shared_ptr<std::remove_pointer_t<Config>>;
 
 template <typename Config>
@@ -27,5 +24,3 @@ KissState<Config> planKiss(Config (*allocate)(int, int, void*, std::size_t*), in
         throw std::runtime_error("KissFFT made no state");
     return state;
 }
-
-} // namespace rvn::bench

@@ -11,9 +11,6 @@
 #include <stdexcept>
 #include <type_traits>
 
-namespace rvn::bench
-{
-
 namespace
 {
 
@@ -107,5 +104,3 @@ Series lengthSeries(const LengthTransform<Real>& transform, const Options& optio
 
 template Series lengthSeries(const LengthTransform<float>&, const Options&);
 template Series lengthSeries(const LengthTransform<double>&, const Options&);
-
-} // namespace rvn::bench

@@ -14,9 +14,6 @@
 #include <string>
 #include <vector>
 
-namespace rvn::bench
-{
-
 // A contender, and the problems that it can be given.
 template <typename Real> struct Entrant {
     Contender contender;
@@ -41,5 +38,3 @@ template <typename Real> struct LengthTransform {
 // first one and the peers are.
 template <typename Real>
 Series lengthSeries(const LengthTransform<Real>& transform, const Options& options);
-
-} // namespace rvn::bench

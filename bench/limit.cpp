@@ -2,9 +2,6 @@
 
 #include <algorithm>
 
-namespace rvn::bench
-{
-
 Work operator+(const Work& left, const Work& right)
 {
     return {.additions = left.additions + right.additions,
@@ -38,5 +35,3 @@ double limitInCycles(const Work& work, Core core)
     }
     return 0;
 }
-
-} // namespace rvn::bench

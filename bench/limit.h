@@ -1,9 +1,6 @@
 // How fast scalar code can be at best, given its operations.
 #pragma once
 
-namespace rvn::bench
-{
-
 // The operations of one call. Widenings turn binary32 operands into binary64 ones, roundings turn
 // results back.
 struct Work {
@@ -25,5 +22,3 @@ enum class Core {
 };
 
 double limitInCycles(const Work& work, Core core = Core::ThreePorts);
-
-} // namespace rvn::bench

@@ -14,9 +14,6 @@
 #include <fstream>
 #include <thread>
 
-namespace rvn::bench
-{
-
 namespace
 {
 
@@ -69,5 +66,3 @@ std::vector<std::string> machineLines()
         std::string("peers     ") + fftw_version + ", KissFFT " KISSFFT_VERSION,
     };
 }
-
-} // namespace rvn::bench

@@ -4,12 +4,7 @@
 #include <string>
 #include <vector>
 
-namespace rvn::bench
-{
-
 std::string processor();
 
 // Lines such as "compiler  g++ 12.2.0".
 std::vector<std::string> machineLines();
-
-} // namespace rvn::bench

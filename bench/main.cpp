@@ -3,35 +3,24 @@
 // Usually run by tools/bench, which builds it and draws the plots; tools/bench --help lists the
 // options.
 
-#include "batches.h"
 #include "clock.h"
-#include "complex_series.h"
 #include "data_file.h"
-#include "dct4_series.h"
-#include "dispatch.h"
 #include "extras.h"
-#include "hartley_series.h"
+#include "families.h"
 #include "machine.h"
-#include "mixed_lengths.h"
 #include "options.h"
 #include "progress.h"
-#include "rates.h"
-#include "real_series.h"
 #include "series.h"
+#include "studies.h"
 #include "table.h"
-#include "wht_series.h"
 
 #include <algorithm>
 #include <array>
 #include <cstdio>
 #include <exception>
-#include <span>
 #include <stdexcept>
 #include <string>
 #include <vector>
-
-namespace rvn::bench
-{
 
 namespace
 {
@@ -42,20 +31,16 @@ struct FamilyEntry {
     Series (*series)(const Options&, Precision);
 };
 
-constexpr std::array<FamilyEntry, 5> families = {{
-    {Family::Complex, complexMethod, complexSeries},
-    {Family::Real, realMethod, realSeries},
-    {Family::Hartley, hartleyMethod, hartleySeries},
-    {Family::Wht, whtMethod, whtSeries},
-    {Family::Dct4, dct4Method, dct4Series},
-}};
-
 std::vector<FamilyEntry> measuredFamilies(const Options& options)
 {
-    std::vector<FamilyEntry> measured;
-    for (const FamilyEntry& entry : families)
-        if (std::ranges::find(options.families, entry.family) != options.families.end())
-            measured.push_back(entry);
+    std::vector<FamilyEntry> measured = {{Family::Complex, complexMethod, complexSeries},
+                                         {Family::Real, realMethod, realSeries},
+                                         {Family::Hartley, hartleyMethod, hartleySeries},
+                                         {Family::Wht, whtMethod, whtSeries},
+                                         {Family::Dct4, dct4Method, dct4Series}};
+    std::erase_if(measured, [&](const FamilyEntry& entry) {
+        return std::ranges::find(options.families, entry.family) == options.families.end();
+    });
     return measured;
 }
 
@@ -87,21 +72,13 @@ void printMachineAndMethod(const Options& options)
         print(entry.method(options));
 }
 
-// A table, one of several.
-struct Turn {
-    std::size_t number;
-    std::size_t of;
-};
-
-void run(const Series& series, Turn turn, const Options& options)
+void run(const Series& series, const std::string& turn, const Options& options)
 {
     const std::string title = series.name + (inPlace(options) ? ", in place" : ", out of place");
     std::printf("\n%s\n\n", title.c_str());
     printHead(series.layout);
     std::vector<Row> rows;
-    Progress progress("rvngenmx_bench, " + std::to_string(turn.number) + " of " +
-                          std::to_string(turn.of) + ": " + series.name,
-                      series.sizes.size());
+    Progress progress("rvngenmx_bench, " + turn + ": " + series.name, series.sizes.size());
     for (const int size : series.sizes) {
         progress.step(series.layout.size + " " + std::to_string(size));
         rows.push_back(series.measure(size));
@@ -116,43 +93,25 @@ void run(const Series& series, Turn turn, const Options& options)
     }
 }
 
-void run(Study study, const Options& options)
-{
-    switch (study) {
-    case Study::Rates:
-        return reportRates(options);
-    case Study::Dispatch:
-        return reportDispatch(options);
-    case Study::Mixed:
-        return reportMixedLengths(options);
-    case Study::Batches:
-        return reportBatches(options);
-    }
-}
-
 void runAll(const Options& options)
 {
     printMachineAndMethod(options);
-    for (const Study study : options.studies)
-        run(study, options);
+    for (const auto study : options.studies)
+        study(options);
     const std::vector<FamilyEntry> measured = measuredFamilies(options);
-    Turn turn = {.number = 0, .of = measured.size() * options.precisions.size()};
+    const std::string of = " of " + std::to_string(measured.size() * options.precisions.size());
+    int turn = 0;
     for (const FamilyEntry& entry : measured)
-        for (const Precision precision : options.precisions) {
-            ++turn.number;
-            run(entry.series(options, precision), turn, options);
-        }
+        for (const Precision precision : options.precisions)
+            run(entry.series(options, precision), std::to_string(++turn) + of, options);
 }
 
 } // namespace
 
-} // namespace rvn::bench
-
 int main(int count, char* arguments[])
 {
     try {
-        const std::span<char* const> all(arguments, static_cast<std::size_t>(count));
-        rvn::bench::runAll(rvn::bench::parseOptions(all.subspan(1)));
+        runAll(parseOptions(count, arguments));
         return 0;
     } catch (const std::invalid_argument& refused) {
         std::fprintf(stderr, "rvngenmx_bench: %s\n", refused.what());

@@ -4,9 +4,6 @@
 #include <cmath>
 #include <vector>
 
-namespace rvn::bench
-{
-
 // Of ratios.
 inline double geometricMean(const std::vector<double>& values)
 {
@@ -24,5 +21,3 @@ inline double rootMeanSquare(const std::vector<double>& values)
         sum += value * value;
     return std::sqrt(sum / static_cast<double>(values.size()));
 }
-
-} // namespace rvn::bench

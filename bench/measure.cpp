@@ -14,9 +14,6 @@
 #include <random>
 #include <stdexcept>
 
-namespace rvn::bench
-{
-
 namespace
 {
 
@@ -113,5 +110,3 @@ std::vector<Timing> measure(std::span<const Contender> contenders, int rounds, d
         timings.push_back(timing(own, times.front()));
     return timings;
 }
-
-} // namespace rvn::bench

@@ -6,9 +6,6 @@
 #include <span>
 #include <vector>
 
-namespace rvn::bench
-{
-
 // One contender over all rounds.
 struct Timing {
     double nanoseconds; // of one call: the median
@@ -19,5 +16,3 @@ struct Timing {
 // One timing a contender, in their order. In a round every contender runs once, for about the given
 // time.
 std::vector<Timing> measure(std::span<const Contender> contenders, int rounds, double seconds);
-
-} // namespace rvn::bench

@@ -2,12 +2,11 @@
 // timed like a transform. Each call costs one more jump through an address than in the hot loops,
 // for every contender.
 
-#include "mixed_lengths.h"
+#include "studies.h"
 
-#include "complex_contenders.h"
+#include "families.h"
 #include "input.h"
 #include "measure.h"
-#include "option_values.h"
 #include "progress.h"
 
 #include <algorithm>
@@ -16,9 +15,6 @@
 #include <memory>
 #include <string>
 #include <vector>
-
-namespace rvn::bench
-{
 
 namespace
 {
@@ -105,5 +101,3 @@ void reportMixedLengths(const Options& options)
             report<float>("32fc", options);
     }
 }
-
-} // namespace rvn::bench

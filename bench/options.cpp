@@ -1,207 +1,148 @@
-// The command line is a table: a row names an option, tells the value that it wants, if any, and
-// sets the field. What was given is applied in the order of the table.
+// The command line is read by CLI11, which knows what the options are; what --help prints is
+// usage.inc, which tools/bench prints without building anything.
 
 #include "options.h"
 
-#include "option_values.h"
+#include "studies.h"
 
+#include <CLI/CLI.hpp>
 #include <algorithm>
-#include <array>
-#include <filesystem>
-#include <optional>
-#include <stdexcept>
-#include <string_view>
-#include <utility>
-
-namespace rvn::bench
-{
+#include <bit>
+#include <charconv>
+#include <cstdio>
 
 namespace
 {
 
-using Text = std::string_view;
+using Texts = std::vector<std::string>;
 
-struct Option {
-    Text name;
-    std::span<const Family> families; // those that it concerns; empty: the studies too
-    bool (*set)(Options&, Text);      // false: the value is refused
-    Text wanted;                      // the value, for people; empty: it takes none
-};
-
-// The field that a value sets, if the value is good.
-template <typename Value> bool take(Value& field, std::optional<Value> value)
+template <typename Number>
+Number numberIn(const std::string& text, Number least, Number most, const std::string& wanted)
 {
-    if (value)
-        field = std::move(*value);
-    return value.has_value();
+    Number value = 0;
+    const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), value);
+    if (error != std::errc() || end != text.data() + text.size() || !(value >= least) ||
+        !(value <= most))
+        throw CLI::ValidationError("'" + text + "': give " + wanted);
+    return value;
 }
 
-// The value that a name stands for.
-template <typename Value, std::size_t count>
-bool choose(std::vector<Value>& field, Text name,
-            const std::array<std::pair<Text, Value>, count>& choices)
+// Sizes and ranges of them, to an ascending list without repeats.
+std::vector<int> sizesOf(const Texts& parts, const std::vector<int>& all, const std::string& wanted)
 {
-    const auto chosen = std::ranges::find(choices, name, &std::pair<Text, Value>::first);
-    if (chosen != choices.end())
-        field = {chosen->second};
-    return chosen != choices.end();
-}
-
-constexpr std::array familyNames = {
-    std::pair(Text("complex"), Family::Complex), std::pair(Text("real"), Family::Real),
-    std::pair(Text("hartley"), Family::Hartley), std::pair(Text("wht"), Family::Wht),
-    std::pair(Text("dct4"), Family::Dct4)};
-
-constexpr std::array precisionNames = {
-    std::pair(Text("32fc"), Precision::Single), std::pair(Text("32f"), Precision::Single),
-    std::pair(Text("64fc"), Precision::Double), std::pair(Text("64f"), Precision::Double)};
-
-template <Study study> bool addStudy(Options& options, Text)
-{
-    options.studies.push_back(study);
-    options.families.clear();
-    return true;
-}
-
-bool setQuick(Options& options, Text)
-{
-    options.quick = true;
-    options.sizes = powersOfTwo(smallestSize, largestQuickSize);
-    options.repetitions = 7;
-    options.seconds = 0.004;
-    return true;
-}
-
-bool setInPlace(Options& options, Text)
-{
-    options.placement = Placement::InPlace;
-    return true;
-}
-
-bool setInverse(Options& options, Text)
-{
-    options.direction = Direction::Inverse;
-    return true;
-}
-
-bool setFamily(Options& options, Text value)
-{
-    return choose(options.families, value, familyNames);
-}
-
-bool setLengths(Options& options, Text value)
-{
-    return take(options.lengths, parseSizes(value, shortestLength, longestLength));
-}
-
-bool setOrders(Options& options, Text value)
-{
-    return take(options.orders, parseSizes(value, lowestOrder, highestOrder));
-}
-
-bool setSizes(Options& options, Text value)
-{
-    return take(options.sizes, parsePowers(value, smallestSize, largestSize));
-}
-
-bool setPrecision(Options& options, Text value)
-{
-    return choose(options.precisions, value, precisionNames);
-}
-
-bool setRounds(Options& options, Text value)
-{
-    return take(options.repetitions, parseCount(value, 1, 1000));
-}
-
-bool setLimits(Options& options, Text value)
-{
-    return take(options.limits, parseRatios(value));
-}
-
-bool setOutput(Options& options, Text value)
-{
-    options.output = value;
-    return std::filesystem::is_directory(value);
-}
-
-// Which families an option concerns.
-constexpr std::array<Family, 0> any = {};
-constexpr std::array families = {Family::Complex, Family::Real, Family::Hartley, Family::Wht,
-                                 Family::Dct4};
-constexpr std::array lengths = {Family::Complex, Family::Real, Family::Hartley};
-constexpr std::array inverse = {Family::Complex, Family::Real};
-constexpr std::array orders = {Family::Wht};
-constexpr std::array sizes = {Family::Dct4};
-
-// The studies first, which leave no family; --quick before --sizes and --repetitions, which have
-// the last word; --family before those that depend on it.
-// clang-format off
-constexpr std::array<Option, 15> table = {{
-    {"--rates",       any,      addStudy<Study::Rates>,    ""},
-    {"--dispatch",    any,      addStudy<Study::Dispatch>, ""},
-    {"--mixed",       any,      addStudy<Study::Mixed>,    ""},
-    {"--batches",     any,      addStudy<Study::Batches>,  ""},
-    {"--family",      families, setFamily,                 "complex, real, hartley, wht or dct4"},
-    {"--quick",       any,      setQuick,                  ""},
-    {"--lengths",     lengths,  setLengths,                "lengths from 2 to 64, as in 8 or 2-16 or 3,5,60-64"},
-    {"--orders",      orders,   setOrders,                 "orders from 1 to 13, as in 8 or 1-7 or 3,5,10-13"},
-    {"--sizes",       sizes,    setSizes,                  "powers of two from 2 to 2^20, as in 8 or 2-64,256"},
-    {"--precision",   any,      setPrecision,              "32fc, 32f, 64fc or 64f"},
-    {"--in-place",    families, setInPlace,                ""},
-    {"--inverse",     inverse,  setInverse,                ""},
-    {"--repetitions", any,      setRounds,                 "a count from 1 to 1000"},
-    {"--limit",       families, setLimits,                 "ratios, as in 0.9 or 0.9,1.0"},
-    {"--output",      any,      setOutput,                 "an existing folder"},
-}};
-// clang-format on
-
-[[noreturn]] void refuse(Text option, Text value, Text reason)
-{
-    throw std::invalid_argument(std::string(option) + " '" + std::string(value) +
-                                "': " + std::string(reason));
-}
-
-struct Given {
-    const Option* option;
-    Text value;
-};
-
-std::vector<Given> read(std::span<char* const> arguments)
-{
-    std::vector<Given> all;
-    for (std::size_t i = 0; i < arguments.size(); ++i) {
-        const auto* const option = std::ranges::find(table, Text(arguments[i]), &Option::name);
-        if (option == table.end())
-            refuse("option", arguments[i], "unknown; tools/bench --help lists the options");
-        if (option->wanted.empty())
-            all.push_back({option, {}});
-        else if (++i < arguments.size())
-            all.push_back({option, arguments[i]});
-        else
-            refuse(option->name, "", "a value is missing");
+    std::vector<int> sizes;
+    for (const std::string& part : parts) {
+        const std::size_t dash = part.find('-');
+        const std::string last = dash == part.npos ? part : part.substr(dash + 1);
+        const int begin = numberIn(part.substr(0, dash), all.front(), all.back(), wanted);
+        const int end = numberIn(last, begin, all.back(), wanted);
+        for (const int bound : {begin, end})
+            if (std::ranges::find(all, bound) == all.end())
+                throw CLI::ValidationError("'" + part + "': give " + wanted);
+        std::ranges::copy_if(all, std::back_inserter(sizes),
+                             [&](int size) { return size >= begin && size <= end; });
     }
-    std::ranges::stable_sort(all, {}, &Given::option);
-    return all;
+    std::ranges::sort(sizes);
+    sizes.erase(std::unique(sizes.begin(), sizes.end()), sizes.end());
+    return sizes;
 }
 
 } // namespace
 
-Options parseOptions(std::span<char* const> arguments)
+std::vector<int> allSizes(int least, int most)
+{
+    std::vector<int> sizes;
+    for (int size = least; size <= most; ++size)
+        sizes.push_back(size);
+    return sizes;
+}
+
+std::vector<int> powersOfTwo(int least, int most)
+{
+    std::vector<int> sizes = allSizes(least, most);
+    std::erase_if(sizes,
+                  [](int size) { return !std::has_single_bit(static_cast<unsigned>(size)); });
+    return sizes;
+}
+
+Options parseOptions(int count, char** arguments)
 {
     Options options;
     options.lengths = allSizes(shortestLength, longestLength);
     options.orders = allSizes(lowestOrder, highestOrder);
     options.sizes = powersOfTwo(smallestSize, largestSize);
 
-    for (const auto [option, value] : read(arguments)) {
-        const auto concerned = std::ranges::find_first_of(options.families, option->families);
-        if (!option->families.empty() && concerned == options.families.end())
-            refuse(option->name, value, "concerns a family that is not measured");
-        if (!option->set(options, value))
-            refuse(option->name, value, option->wanted);
+    CLI::App app;
+    app.set_help_flag();
+    Texts lengths, orders, sizes, limits;
+    std::string family, precision, repetitions;
+    bool help = false, inPlace = false, inverse = false;
+    const Texts families = {"complex", "real", "hartley", "wht", "dct4"}; // as in Family
+    // Each with the families that it concerns; none: the studies too.
+    using enum Family;
+    std::vector<std::pair<CLI::Option*, std::vector<Family>>> all = {
+        {app.add_option("--family", family)->check(CLI::IsMember(families)),
+         {Complex, Real, Hartley, Wht, Dct4}},
+        {app.add_option("--lengths", lengths)->delimiter(','), {Complex, Real, Hartley}},
+        {app.add_option("--orders", orders)->delimiter(','), {Wht}},
+        {app.add_option("--sizes", sizes)->delimiter(','), {Dct4}},
+        {app.add_flag("--in-place", inPlace), {Complex, Real, Hartley, Wht, Dct4}},
+        {app.add_flag("--inverse", inverse), {Complex, Real}},
+        {app.add_option("--limit", limits)->delimiter(','), {Complex, Real, Hartley, Wht, Dct4}}};
+    app.add_option("--precision", precision)->check(CLI::IsMember({"32fc", "32f", "64fc", "64f"}));
+    app.add_option("--repetitions", repetitions);
+    app.add_flag("--quick", options.quick);
+    app.add_option("--output", options.output)->check(CLI::ExistingDirectory);
+    app.add_flag("--help,-h", help);
+    for (const auto& [name, study] : {std::pair<const char*, Study>("--rates", reportRates),
+                                      {"--dispatch", reportDispatch},
+                                      {"--mixed", reportMixedLengths},
+                                      {"--batches", reportBatches}})
+        app.add_flag_callback(name, [&, study = study] { options.studies.push_back(study); });
+
+    try {
+        app.parse(count, arguments);
+        if (help) {
+            std::fputs(
+#include "usage.inc"
+                , stdout);
+            std::exit(0);
+        }
+        if (!options.studies.empty())
+            options.families.clear();
+        if (!family.empty() && options.studies.empty())
+            options.families = {
+                static_cast<Family>(std::ranges::find(families, family) - families.begin())};
+        for (const auto& [option, concerned] : all)
+            if (option->count() > 0 &&
+                std::ranges::find_first_of(options.families, concerned) == options.families.end())
+                throw CLI::ValidationError(option->get_name(),
+                                           "concerns a family that is not measured");
+        if (options.quick) {
+            options.sizes = powersOfTwo(smallestSize, largestQuickSize);
+            options.repetitions = 7;
+            options.seconds = 0.004;
+        }
+        if (!lengths.empty())
+            options.lengths =
+                sizesOf(lengths, options.lengths, "lengths from 2 to 64, as in 8,60-64");
+        if (!orders.empty())
+            options.orders = sizesOf(orders, options.orders, "orders from 1 to 13, as in 8,10-13");
+        if (!sizes.empty())
+            options.sizes = sizesOf(sizes, powersOfTwo(smallestSize, largestSize),
+                                    "powers of two from 2 to 2^20, as in 8,64-256");
+        if (!limits.empty())
+            options.limits.clear();
+        for (const std::string& limit : limits)
+            options.limits.push_back(numberIn(limit, 0.0, 1000.0, "ratios, as in 0.9,1"));
+        if (!repetitions.empty())
+            options.repetitions = numberIn(repetitions, 1, 1000, "a count from 1 to 1000");
+    } catch (const CLI::ParseError& error) {
+        throw std::invalid_argument(error.what() + std::string(" (see --help)"));
     }
+    if (!precision.empty())
+        options.precisions = {precision.starts_with("32") ? Precision::Single : Precision::Double};
+    options.placement = inPlace ? Placement::InPlace : Placement::OutOfPlace;
+    options.direction = inverse ? Direction::Inverse : Direction::Forward;
     return options;
 }
-
-} // namespace rvn::bench

@@ -1,15 +1,8 @@
 // What one run of the benchmark measures, and how it is asked for on the command line.
-//
-// tools/bench refuses what is malformed before it builds anything; parseOptions refuses it once
-// more, for whoever runs the program itself.
 #pragma once
 
-#include <span>
 #include <string>
 #include <vector>
-
-namespace rvn::bench
-{
 
 constexpr int shortestLength = 2; // of the DFTs and the Hartley transform
 constexpr int longestLength = 64;
@@ -26,9 +19,10 @@ enum class Precision { Single, Double };      // elements 32fc and 32f, 64fc and
 enum class Direction { Forward, Inverse };    // rvngDFTFwd_..., rvngDFTInv_...
 enum class Placement { OutOfPlace, InPlace }; // where the result goes: a second array or the first
 
-// What else can be measured, instead of the families: the rates of the processor, the cost of the
-// dispatchers, calls of all lengths in turn, many transforms of one length.
-enum class Study { Rates, Dispatch, Mixed, Batches };
+struct Options;
+
+// What else can be measured, instead of the families: studies.h.
+using Study = void (*)(const Options&);
 
 struct Options {
     std::vector<Family> families = {Family::Complex, Family::Real, Family::Hartley, Family::Wht,
@@ -47,7 +41,10 @@ struct Options {
     std::string output;                  // folder of the data files; empty: none are written
 };
 
-// Throws std::invalid_argument, with one line that names the option at fault.
-Options parseOptions(std::span<char* const> arguments);
+// Prints usage.inc and exits for --help. Throws std::invalid_argument, with one line that names the
+// option at fault.
+Options parseOptions(int count, char** arguments);
 
-} // namespace rvn::bench
+// All sizes between the bounds, or all powers of two, the first bound being one.
+std::vector<int> allSizes(int least, int most);
+std::vector<int> powersOfTwo(int least, int most);

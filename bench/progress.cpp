@@ -8,9 +8,6 @@
 
 #include <unistd.h>
 
-namespace rvn::bench
-{
-
 namespace
 {
 
@@ -51,5 +48,3 @@ void Progress::clear() const
     if (isTerminal())
         std::fputs(toEmptyLine, stderr);
 }
-
-} // namespace rvn::bench

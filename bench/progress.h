@@ -6,9 +6,6 @@
 #include <cstddef>
 #include <string>
 
-namespace rvn::bench
-{
-
 class Progress
 {
 public:
@@ -30,5 +27,3 @@ private:
     std::size_t begun = 0;
     std::chrono::steady_clock::time_point told; // when a line was last left standing
 };
-
-} // namespace rvn::bench

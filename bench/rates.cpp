@@ -1,16 +1,13 @@
 // Fourteen chains of dependent operations, one a register: enough that no latency decides, so that
 // what limits them is the number of operations of a kind that start in a cycle.
 
-#include "rates.h"
+#include "studies.h"
 
 #include "clock.h"
 
 #include <cstddef>
 #include <cstdio>
 #include <vector>
-
-namespace rvn::bench
-{
 
 namespace
 {
@@ -76,5 +73,3 @@ void reportRates(const Options& options)
         std::printf("    %-52s %5.2f\n", all[i].name.c_str(),
                     operationsInCall / (cycles * timings[i].ratio));
 }
-
-} // namespace rvn::bench

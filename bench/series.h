@@ -3,15 +3,13 @@
 #pragma once
 
 #include "contender.h"
+#include "means.h"
 #include "measure.h"
 
 #include <cstddef>
 #include <functional>
 #include <string>
 #include <vector>
-
-namespace rvn::bench
-{
 
 // A group of figures beside the times.
 struct Extra {
@@ -21,8 +19,8 @@ struct Extra {
     Names names;         // of the columns
     std::size_t printed; // so many columns the table shows; the data file has all
     const char* format;  // of a figure, for printf
-    std::string meanName;
-    double (*mean)(const std::vector<double>& values); // over the rows
+    std::string meanName = "geometric mean";
+    double (*mean)(const std::vector<double>& values) = geometricMean; // over the rows
 };
 
 struct SizeColumn {
@@ -57,5 +55,3 @@ struct Series {
     std::vector<int> sizes;
     std::function<Row(int size)> measure;
 };
-
-} // namespace rvn::bench

@@ -7,10 +7,8 @@
 #include <algorithm>
 #include <array>
 #include <cstdio>
+#include <functional>
 #include <iterator>
-
-namespace rvn::bench
-{
 
 namespace
 {
@@ -43,69 +41,69 @@ double ratio(const Row& row, std::size_t peer)
     return row.timings[peer].ratio;
 }
 
-// Each row's value.
-template <typename Get> std::vector<double> column(const std::vector<Row>& rows, Get get)
-{
+// The rows that have a value, and what it is.
+struct Column {
+    std::vector<const Row*> rows;
     std::vector<double> values;
-    for (const Row& row : rows)
-        values.push_back(get(row));
-    return values;
-}
 
-// The rows in which a contender has a time.
-std::vector<Row> timedRows(const std::vector<Row>& rows, std::size_t contender)
-{
-    std::vector<Row> timed;
-    std::ranges::copy_if(rows, std::back_inserter(timed),
-                         [=](const Row& row) { return contender < row.timings.size(); });
-    return timed;
-}
+    template <typename Has, typename Get>
+    Column(const std::vector<Row>& all, const Has& has, const Get& get)
+    {
+        for (const Row& row : all)
+            if (has(row)) {
+                rows.push_back(&row);
+                values.push_back(get(row));
+            }
+    }
+    // "1.23 at length 5": the value that is extreme by that order.
+    template <typename Order>
+    std::string extreme(const Layout& layout, const char* format, const Order& order) const
+    {
+        const auto at = std::ranges::max_element(values, order) - values.begin();
+        return text(values[at], format) + " at " + layout.size + " " +
+               std::to_string(rows[at]->sizes.front());
+    }
+};
 
-std::vector<Row> rowsWithin(const std::vector<Row>& rows, const SizeRange& range)
+Column ratios(const std::vector<Row>& rows, std::size_t contender)
 {
-    std::vector<Row> within;
-    std::ranges::copy_if(rows, std::back_inserter(within), [=](const Row& row) {
-        return row.sizes.front() >= range.first && row.sizes.front() <= range.last;
-    });
-    return within;
+    return {rows, [=](const Row& row) { return contender < row.timings.size(); },
+            [=](const Row& row) { return ratio(row, contender); }};
 }
 
 // Our own contenders behind the first one, their times against its time.
 void printOwn(const Layout& layout, const std::vector<Row>& rows, std::size_t own)
 {
-    const auto ratioOf = [=](const Row& row) { return ratio(row, own); };
-    const Row& slowest = *std::ranges::max_element(rows, {}, ratioOf);
-    std::printf("    %-11s  geometric mean %.3f, largest %.2f at %s %d\n",
-                layout.contenders[own].c_str(), geometricMean(column(rows, ratioOf)),
-                ratio(slowest, own), layout.size.c_str(), slowest.sizes.front());
-}
-
-void printRatios(const Layout& layout, const std::vector<Row>& all, std::size_t peer)
-{
-    const std::vector<Row> rows = timedRows(all, peer);
-    if (rows.empty())
-        return;
-    const auto ratioOf = [=](const Row& row) { return ratio(row, peer); };
-    const auto spreadOf = [=](const Row& row) { return row.timings[peer].spread; };
-    const Row& slowest = *std::ranges::min_element(rows, {}, ratioOf);
-    std::printf(
-        "    %-11s  geometric mean %.3f, worst %.2f at %s %d; quartiles of the rounds "
-        "within %.1f %%%s\n",
-        layout.contenders[peer].c_str(), geometricMean(column(rows, ratioOf)), ratio(slowest, peer),
-        layout.size.c_str(), slowest.sizes.front(), 100 * std::ranges::max(column(rows, spreadOf)),
-        rows.size() < all.size() ? ("; " + std::to_string(rows.size()) + " of them").c_str() : "");
+    const Column all = ratios(rows, own);
+    std::printf("    %-11s  geometric mean %.3f, largest %s\n", layout.contenders[own].c_str(),
+                geometricMean(all.values), all.extreme(layout, timeFormat, std::less<>()).c_str());
 }
 
 void printAllRatios(const Layout& layout, const std::vector<Row>& rows)
 {
-    for (std::size_t peer = layout.firstPeer; peer < layout.contenders.size(); ++peer)
-        printRatios(layout, rows, peer);
+    for (std::size_t peer = layout.firstPeer; peer < layout.contenders.size(); ++peer) {
+        const Column timed = ratios(rows, peer);
+        double spread = 0;
+        for (const Row* row : timed.rows)
+            spread = std::max(spread, row->timings[peer].spread);
+        if (!timed.rows.empty())
+            std::printf("    %-11s  geometric mean %.3f, worst %s; quartiles of the rounds within "
+                        "%.1f %%%s\n",
+                        layout.contenders[peer].c_str(), geometricMean(timed.values),
+                        timed.extreme(layout, timeFormat, std::greater<>()).c_str(), 100 * spread,
+                        timed.rows.size() < rows.size()
+                            ? ("; " + std::to_string(timed.rows.size()) + " of them").c_str()
+                            : "");
+    }
 }
 
 // Nothing for a range that has no row, or all of them.
 void printRange(const Layout& layout, const std::vector<Row>& all, const SizeRange& range)
 {
-    const std::vector<Row> rows = rowsWithin(all, range);
+    std::vector<Row> rows;
+    std::ranges::copy_if(all, std::back_inserter(rows), [=](const Row& row) {
+        return row.sizes.front() >= range.first && row.sizes.front() <= range.last;
+    });
     if (rows.empty() || rows.size() == all.size())
         return;
     std::printf("times as fast as, over the %zu from %d to %d\n", rows.size(), range.first,
@@ -116,31 +114,27 @@ void printRange(const Layout& layout, const std::vector<Row>& all, const SizeRan
 void printExtra(const Layout& layout, const std::vector<Row>& all, std::size_t group, std::size_t i)
 {
     const Extra& extra = layout.extras[group];
-    std::vector<Row> rows;
-    std::ranges::copy_if(all, std::back_inserter(rows),
-                         [=](const Row& row) { return i < row.extras[group].size(); });
-    if (rows.empty())
-        return;
-    const auto valueOf = [=](const Row& row) { return row.extras[group][i]; };
-    const Row& largest = *std::ranges::max_element(rows, {}, valueOf);
-    std::printf(
-        "    %-11s  %s %s, largest %s at %s %d\n", extra.names[i].c_str(), extra.meanName.c_str(),
-        text(extra.mean(column(rows, valueOf)), extra.format).c_str(),
-        text(valueOf(largest), extra.format).c_str(), layout.size.c_str(), largest.sizes.front());
+    const Column found(
+        all, [=](const Row& row) { return i < row.extras[group].size(); },
+        [=](const Row& row) { return row.extras[group][i]; });
+    if (!found.rows.empty())
+        std::printf("    %-11s  %s %s, largest %s\n", extra.names[i].c_str(),
+                    extra.meanName.c_str(), text(extra.mean(found.values), extra.format).c_str(),
+                    found.extreme(layout, extra.format, std::less<>()).c_str());
 }
 
 // "size ratio" for each size whose ratio is below the limit.
 void printBelow(const Layout& layout, const std::vector<Row>& all, std::size_t peer, double limit)
 {
-    const std::vector<Row> rows = timedRows(all, peer);
-    if (rows.empty())
+    const Column timed = ratios(all, peer);
+    if (timed.rows.empty())
         return;
     std::size_t count = 0;
     std::printf("below %g times as fast as %s:", limit, layout.contenders[peer].c_str());
-    for (const Row& row : rows)
-        if (ratio(row, peer) < limit)
+    for (std::size_t i = 0; i < timed.rows.size(); ++i)
+        if (timed.values[i] < limit)
             std::printf("%s%2d %.2f", count++ % sizesInALine == 0 ? "\n    " : " | ",
-                        row.sizes.front(), ratio(row, peer));
+                        timed.rows[i]->sizes.front(), timed.values[i]);
     std::printf("%s\n", count == 0 ? (" no " + layout.size).c_str() : "");
 }
 
@@ -212,5 +206,3 @@ void printSummary(const Layout& layout, const std::vector<Row>& rows,
         for (std::size_t peer = layout.firstPeer; peer < layout.contenders.size(); ++peer)
             printBelow(layout, rows, peer, limit);
 }
-
-} // namespace rvn::bench

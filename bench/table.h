@@ -8,9 +8,6 @@
 
 #include <vector>
 
-namespace rvn::bench
-{
-
 void printHead(const Layout& layout);
 void printRow(const Layout& layout, const Row& row);
 
@@ -19,5 +16,3 @@ void printRow(const Layout& layout, const Row& row);
 // the sizes whose ratio is below a limit.
 void printSummary(const Layout& layout, const std::vector<Row>& rows,
                   const std::vector<double>& limits);
-
-} // namespace rvn::bench

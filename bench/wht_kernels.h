@@ -10,9 +10,6 @@
 #include <cstdint>
 #include <type_traits>
 
-namespace rvn::bench
-{
-
 template <typename Element>
 using WhtKernel = RvnStatus (*)(const Element* src, Element* dst, RvnScaleFlag flag, void* buffer);
 
@@ -45,5 +42,3 @@ template <typename Element> std::size_t whtBufferBytes(int order)
         rvngWHTGetBufferSize_64f(order, &bytes);
     return static_cast<std::size_t>(bytes);
 }
-
-} // namespace rvn::bench

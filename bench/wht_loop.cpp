@@ -13,9 +13,6 @@
 
 #include "wht_loop.h"
 
-namespace rvn::bench
-{
-
 namespace
 {
 
@@ -133,5 +130,3 @@ void WHT_LOOP::wht(const double* src, double* dst, int order, double scale)
 {
     transform(src, dst, order, scale);
 }
-
-} // namespace rvn::bench

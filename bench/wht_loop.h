@@ -2,9 +2,6 @@
 // source.
 #pragma once
 
-namespace rvn::bench
-{
-
 // scale times the Walsh-Hadamard transform of 2^order numbers, bit for bit as rvngenmx.h defines
 // it. src and dst are equal or do not overlap. The namespace tells how it was compiled.
 
@@ -21,5 +18,3 @@ namespace avx2_loop
 void wht(const float* src, float* dst, int order, float scale);
 void wht(const double* src, double* dst, int order, double scale);
 } // namespace avx2_loop
-
-} // namespace rvn::bench

@@ -1,15 +1,13 @@
 // part_file.cpp - see part_file.h.
 #include "part_file.h"
 
-#include "failure.h"
+#include "program.h"
 
 #include <cerrno>
 #include <cstring>
 #include <unistd.h>
 #include <utility>
 
-namespace examples
-{
 namespace
 {
 
@@ -39,7 +37,7 @@ PartFile::PartFile(const std::string& path)
     : path_(path), target_(destination(path)),
       part_(target_.string() + "." + std::to_string(getpid()) + ".part")
 {
-    stream_ = std::fopen(part_.c_str(), "wbx");
+    stream_ = std::fopen(part_.c_str(), "w+bx");
     if (!stream_)
         refuse(path_, std::strerror(errno));
     errno = 0;
@@ -65,12 +63,3 @@ void PartFile::fail(const std::string& reason) const
 {
     refuse(path_, errno != 0 ? std::strerror(errno) : reason);
 }
-
-void expectOtherFile(const std::string& output, const std::string& input, const char* words)
-{
-    std::error_code ignored;
-    if (fs::equivalent(output, input, ignored))
-        throw Failure("'" + output + "' " + words);
-}
-
-} // namespace examples

@@ -9,9 +9,6 @@
 #include <filesystem>
 #include <string>
 
-namespace examples
-{
-
 class PartFile
 {
 public:
@@ -35,10 +32,5 @@ private:
     std::filesystem::path target_, part_;
     std::FILE* stream_ = nullptr;
 };
-
-// Throws Failure, with these words after the output's name, where it names the file that was read.
-void expectOtherFile(const std::string& output, const std::string& input, const char* words);
-
-} // namespace examples
 
 #endif

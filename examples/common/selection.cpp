@@ -1,13 +1,12 @@
 // selection.cpp - see selection.h.
 #include "selection.h"
 
+#include "program.h"
+
 #include <algorithm>
 #include <cmath>
 #include <functional>
 #include <vector>
-
-namespace examples
-{
 
 Selection keepLargest(std::span<float> coefficients, double share)
 {
@@ -19,7 +18,7 @@ Selection keepLargest(std::span<float> coefficients, double share)
     magnitudes.reserve(total);
     for (const float coefficient : coefficients)
         magnitudes.push_back(std::abs(coefficient));
-    const auto last = magnitudes.begin() + static_cast<std::ptrdiff_t>(kept - 1);
+    const auto last = magnitudes.begin() + (kept - 1);
     std::nth_element(magnitudes.begin(), last, magnitudes.end(), std::greater<>());
     const float smallest = *last;
 
@@ -33,4 +32,10 @@ Selection keepLargest(std::span<float> coefficients, double share)
     return {kept, total, smallest};
 }
 
-} // namespace examples
+std::string selectionText(const Selection& selection)
+{
+    const double share = static_cast<double>(selection.kept) / static_cast<double>(selection.total);
+    return std::to_string(selection.kept) + " of " + std::to_string(selection.total) +
+           " coefficients (share " + formatted("%.6g", share) + "), magnitudes from " +
+           formatted("%.4g", selection.smallest);
+}

@@ -12,24 +12,26 @@
 #ifndef CONVOLVE_CONVOLUTION_H
 #define CONVOLVE_CONVOLUTION_H
 
-#include <cstdint>
+#include <cstddef>
 #include <span>
 #include <vector>
 
-namespace convolve
-{
+constexpr std::size_t transformLength = 64;
+constexpr std::size_t blockLength = transformLength / 2;
 
-constexpr int transformLength = 64;
-constexpr int blockLength = transformLength / 2;
+// Between 64 samples and their spectrum, and the product of two spectra, added to a third.
+void forward(const float* samples, float* spectrum);
+void inverse(const float* spectrum, float* samples);
+void addProduct(const float* a, const float* b, float* sum);
 
 // How many partitions a response of so many taps needs.
 std::size_t partitionsOf(std::size_t taps);
 
 // The calls made so far.
 struct Use {
-    std::int64_t samples = 0;    // that were filtered
-    std::int64_t transforms = 0; // of the recording, there and back
-    double seconds = 0;          // in transforms and products only
+    std::size_t samples = 0;    // that were filtered
+    std::size_t transforms = 0; // of the recording, there and back
+    double seconds = 0;         // in transforms and products only
 };
 
 class Convolver
@@ -52,7 +54,5 @@ private:
     std::vector<float> spectra_;  // partitions - 1 of the blocks before, then the batch's
     Use use_;
 };
-
-} // namespace convolve
 
 #endif

@@ -1,61 +1,73 @@
-// main.cpp - the convolve program: read, filter, compare, write, report.
+// main.cpp - the convolve program: a recording through a filter, by products of spectra.
 //
 //     convolve (--lowpass HZ | --highpass HZ | --bandpass LOW,HIGH) [--taps N] [-o OUT.wav] AUDIO
 //     convolve --response FILE [-o OUT.wav] AUDIO
 //
+// Spectra are in the Perm layout, 64 numbers of which the first two are real bins and the others
+// complex ones:
+//
+//     slot     0      1      2     3     4     5   ...   62     63
+//            R(0)   R(32)  R(1)  I(1)  R(2)  I(2)  ...  R(31)  I(31)
+//
+// So slots 0 and 1 multiply each alone, and slots 2k, 2k + 1 as one complex number. The forward
+// transform is unscaled and the inverse one divides by 64 (RvnScaleInvByN): the product of two
+// spectra then returns to the cyclic convolution itself.
+//
 // Exit status: 0 done, 1 the files are at fault or the result is off, 2 the command line is at
 // fault.
-#include "comparison.h"
+#include "console.h"
 #include "convolution.h"
-#include "options.h"
-#include "part_file.h"
 #include "program.h"
-#include "report.h"
-#include "response.h"
-#include "response_file.h"
-#include "sound.h"
 
-#include <cstdio>
+void forward(const float* samples, float* spectrum)
+{
+    check(rvngDFTFwd_RToPerm_64_32f(samples, spectrum, RvnScaleInvByN));
+}
+
+void addProduct(const float* a, const float* b, float* sum)
+{
+    sum[0] += a[0] * b[0];
+    sum[1] += a[1] * b[1];
+    for (std::size_t i = 2; i < transformLength; i += 2) {
+        sum[i] += a[i] * b[i] - a[i + 1] * b[i + 1];
+        sum[i + 1] += a[i] * b[i + 1] + a[i + 1] * b[i];
+    }
+}
+
+void inverse(const float* spectrum, float* samples)
+{
+    check(rvngDFTInv_PermToR_64_32f(spectrum, samples, RvnScaleInvByN));
+}
 
 namespace
 {
 
-using namespace convolve;
-
 void run(int argc, char** argv)
 {
-    const Options options = parseOptions(argc, argv);
-    if (options.helpOnly) {
-        std::fputs(usageText(), stdout);
+    Options options;
+    if (!readOptions(options, argc, argv))
         return;
-    }
-    const examples::Sound sound = examples::readSound(options.input);
-    examples::expectOtherFile(options.output, options.input,
-                              "is the input; the filtered recording needs another name");
-    examples::expectOtherFile(options.output, options.responseFile,
-                              "is the response; the filtered recording needs another name");
-    const std::vector<float> response =
-        options.responseFile.empty() ? designResponse(options.band, options.taps, sound.sampleRate)
-                                     : readResponse(options.responseFile, sound.sampleRate);
+    const Sound sound = readSound(options.input);
+    expectOtherFiles(options);
+    const std::vector<float> response = responseOf(options, sound.sampleRate);
 
     Convolver convolver(response);
-    examples::Sound filtered = {sound.sampleRate, {}};
+    Sound filtered = {sound.sampleRate, {}};
     Distance distance;
     for (const std::vector<float>& channel : sound.channels) {
         filtered.channels.push_back(convolver.convolve(channel));
         const Distance its = distanceFromDirect(channel, response, filtered.channels.back());
         expectClose(its);
-        distance = farther(distance, its);
+        if (its.judged() > distance.judged())
+            distance = its;
     }
-    examples::PartFile file(options.output);
-    writeSound(file, filtered);
-    file.commit();
-    printReport(options, sound, response, filtered, convolver.use(), distance);
+    writeFiles(options, sound, filtered);
+    printReport(options, sound, response.size(), filtered, convolver.use(), distance);
 }
 
 } // namespace
 
 int main(int argc, char** argv)
 {
-    return examples::runProgram("convolve", argc, argv, run);
+    return runProgram("convolve", argc, argv, run);
 }

@@ -8,15 +8,19 @@
 // high-pass are the bands from 0 and to 1/2.
 #include "response.h"
 
-#include "failure.h"
+#include "program.h"
+#include "sound.h"
 
+#include <algorithm>
+#include <array>
+#include <cctype>
+#include <charconv>
 #include <cmath>
+#include <fstream>
 #include <limits>
 #include <numbers>
-#include <string>
+#include <sstream>
 
-namespace convolve
-{
 namespace
 {
 
@@ -25,9 +29,9 @@ using std::numbers::pi;
 void expectBelowHalf(double hertz, int sampleRate)
 {
     if (hertz >= sampleRate / 2.0)
-        throw examples::Failure("the frequency " + std::to_string(hertz) +
-                                " Hz is not below half the sample rate of " +
-                                std::to_string(sampleRate) + " Hz");
+        throw Failure(formatted("the frequency %.9g Hz", hertz) +
+                      " is not below half the sample rate of " + std::to_string(sampleRate) +
+                      " Hz");
 }
 
 double tap(int m, int middle, double low, double high)
@@ -47,6 +51,60 @@ double reference(double low, double high)
     return high == 0.5 ? 0.5 : (low + high) / 2;
 }
 
+constexpr std::size_t mostTaps = std::size_t{1} << 20; // of a file
+constexpr double largestTap = 1e15;                    // as of audio
+
+[[noreturn]] void refuse(const std::string& path, const std::string& reason)
+{
+    throw Failure("'" + path + "': " + reason);
+}
+
+// Audio files have zero bytes in their headers. What cannot be read is left to the audio library,
+// whose errors are told as any others.
+bool isText(const std::string& path)
+{
+    std::array<char, 64> bytes;
+    std::ifstream file(path, std::ios::binary);
+    file.read(bytes.data(), bytes.size());
+    const auto isPlain = [](unsigned char c) { return std::isprint(c) || std::isspace(c); };
+    return file.gcount() > 0 && std::all_of(bytes.begin(), bytes.begin() + file.gcount(), isPlain);
+}
+
+std::vector<float> readText(const std::string& path)
+{
+    std::ifstream file(path);
+    std::vector<float> taps;
+    for (std::string line; std::getline(file, line);) {
+        std::ranges::replace(line, ',', ' ');
+        std::ranges::replace(line, '\0', '?'); // a message would end there
+        std::istringstream words(line);
+        for (std::string word; words >> word;) {
+            const char *begin = word.data() + (word[0] == '+'), *end = word.data() + word.size();
+            double value = 0;
+            const auto [stop, error] = std::from_chars(begin, end, value);
+            if (error != std::errc() || stop != end || !(std::abs(value) <= largestTap))
+                refuse(path, "'" + word.substr(0, 40) + "' is not a number to filter with");
+            taps.push_back(static_cast<float>(value));
+        }
+        if (taps.size() > mostTaps)
+            break;
+    }
+    if (taps.empty())
+        refuse(path, "holds no numbers");
+    return taps;
+}
+
+std::vector<float> readAudio(const std::string& path, int sampleRate)
+{
+    const Sound sound = readSound(path);
+    if (sound.channels.size() != 1)
+        refuse(path, "two channels; a response has one");
+    if (sound.sampleRate != sampleRate)
+        refuse(path, "sampled at " + std::to_string(sound.sampleRate) + " Hz, the recording at " +
+                         std::to_string(sampleRate) + " Hz");
+    return sound.channels[0];
+}
+
 } // namespace
 
 std::vector<float> designResponse(Band band, int taps, int sampleRate)
@@ -61,11 +119,39 @@ std::vector<float> designResponse(Band band, int taps, int sampleRate)
     for (int m = -middle; m <= middle; ++m)
         gain += tap(m, middle, low, high) * std::cos(2 * pi * reference(low, high) * m);
     if (!(std::abs(gain) >= std::numeric_limits<float>::min()))
-        throw examples::Failure("the band is too narrow for a response");
+        throw Failure("the band is too narrow for a response");
     std::vector<float> response;
     for (int m = -middle; m <= middle; ++m)
         response.push_back(static_cast<float>(tap(m, middle, low, high) / gain));
     return response;
 }
 
-} // namespace convolve
+std::string bandText(Band band)
+{
+    if (band.low == 0)
+        return formatted("low-pass to %g Hz", band.high);
+    if (std::isinf(band.high))
+        return formatted("high-pass from %g Hz", band.low);
+    return formatted("band-pass from %g to ", band.low) + formatted("%g Hz", band.high);
+}
+
+double tapsNeeded(Band band, int sampleRate)
+{
+    const double half = sampleRate / 2.0;
+    double room = half;
+    if (band.low > 0)
+        room = std::min({room, band.low, half - band.low});
+    if (std::isfinite(band.high))
+        room = std::min({room, band.high, half - band.high});
+    if (band.low > 0 && std::isfinite(band.high))
+        room = std::min(room, (band.high - band.low) / 2);
+    return 1.65 * sampleRate / room;
+}
+
+std::vector<float> readResponse(const std::string& path, int sampleRate)
+{
+    std::vector<float> taps = isText(path) ? readText(path) : readAudio(path, sampleRate);
+    if (taps.size() > mostTaps)
+        refuse(path, "more than " + std::to_string(mostTaps) + " taps");
+    return taps;
+}

@@ -1,16 +1,13 @@
 // planes.cpp - see planes.h.
 #include "planes.h"
 
-#include "failure.h"
+#include "program.h"
 
 #include <algorithm>
 #include <array>
 #include <cmath>
-#include <span>
 #include <string>
 
-namespace hadamard
-{
 namespace
 {
 
@@ -22,44 +19,23 @@ using Vector = std::array<double, 3>;
 constexpr std::array<Vector, 3> axes = {{{1, 1, 1}, {1, 0, -1}, {1, -2, 1}}};
 constexpr Vector squaredLengths = {3, 2, 6};
 
-double axis(std::size_t plane, std::size_t color)
+// Grey stays as it is.
+double axis(int planes, std::size_t plane, std::size_t color)
 {
-    return axes[plane][color] / std::sqrt(squaredLengths[plane]);
+    return planes == 1 ? 1 : axes[plane][color] / std::sqrt(squaredLengths[plane]);
 }
 
-// Both ways between the colours of a pixel and its values in the planes; grey stays as it is.
-class Colors
+// Both ways between the colours of a pixel and its values in the planes: the matrix of the axes, or
+// its transpose.
+Vector turned(const Vector& from, int planes, bool isBack)
 {
-public:
-    explicit Colors(int count) : count_(static_cast<std::size_t>(count))
-    {
-        for (std::size_t plane = 0; plane < count_; ++plane)
-            for (std::size_t color = 0; color < count_; ++color)
-                matrix_[plane][color] = count_ == 1 ? 1 : axis(plane, color);
-    }
-
-    Vector toPlanes(const Vector& colors) const
-    {
-        Vector values = {};
-        for (std::size_t plane = 0; plane < count_; ++plane)
-            for (std::size_t color = 0; color < count_; ++color)
-                values[plane] += matrix_[plane][color] * colors[color];
-        return values;
-    }
-
-    Vector toColors(const Vector& values) const
-    {
-        Vector colors = {};
-        for (std::size_t color = 0; color < count_; ++color)
-            for (std::size_t plane = 0; plane < count_; ++plane)
-                colors[color] += matrix_[plane][color] * values[plane];
-        return colors;
-    }
-
-private:
-    std::size_t count_;
-    std::array<Vector, 3> matrix_ = {};
-};
+    Vector to = {};
+    const auto count = static_cast<std::size_t>(planes);
+    for (std::size_t i = 0; i < count; ++i)
+        for (std::size_t j = 0; j < count; ++j)
+            to[i] += (isBack ? axis(planes, j, i) : axis(planes, i, j)) * from[j];
+    return to;
+}
 
 double middle(const Picture& picture)
 {
@@ -70,13 +46,13 @@ Layout layoutOf(const Picture& picture, int order)
 {
     const int length = 1 << order;
     const Layout layout = {order, (picture.width - 1) / length + 1,
-                           (picture.height - 1) / length + 1, picture.colors()};
+                           (picture.height - 1) / length + 1, static_cast<int>(picture.colors())};
     const std::int64_t values = static_cast<std::int64_t>(layout.planeSize()) * layout.planes;
     if (values > mostValues)
-        throw examples::Failure("the picture in blocks of " + std::to_string(length) + " x " +
-                                std::to_string(length) + " has " + std::to_string(values) +
-                                " values, more than the " + std::to_string(mostValues) +
-                                " that can be handled");
+        throw Failure("the picture in blocks of " + std::to_string(length) + " x " +
+                      std::to_string(length) + " has " + std::to_string(values) +
+                      " values, more than the " + std::to_string(mostValues) +
+                      " that can be handled");
     return layout;
 }
 
@@ -84,39 +60,34 @@ Layout layoutOf(const Picture& picture, int order)
 
 std::size_t Layout::planeSize() const
 {
-    return (static_cast<std::size_t>(across) * static_cast<std::size_t>(down)) << (2 * order);
+    return (across * down) << (2 * order);
 }
 
-std::size_t Layout::index(int plane, int x, int y) const
+std::size_t Layout::index(std::size_t plane, int x, int y) const
 {
-    const auto block = static_cast<std::size_t>(y >> order) * static_cast<std::size_t>(across) +
-                       static_cast<std::size_t>(x >> order);
+    const auto block = static_cast<std::size_t>(y >> order) * across + (x >> order);
     const int mask = (1 << order) - 1;
     const auto inside = static_cast<std::size_t>((y & mask) << order | (x & mask));
-    return static_cast<std::size_t>(plane) * planeSize() + (block << (2 * order)) + inside;
+    return plane * planeSize() + (block << (2 * order)) + inside;
 }
 
 Planes splitPicture(const Picture& picture, int order)
 {
     Planes planes = {layoutOf(picture, order), {}};
     const Layout& layout = planes.layout;
-    planes.values.resize(layout.planeSize() * static_cast<std::size_t>(layout.planes));
-    const Colors colors(layout.planes);
-    for (int y = 0; y < layout.down << order; ++y) {
-        const std::uint16_t* row =
-            &picture.samples[static_cast<std::size_t>(std::min(y, picture.height - 1)) *
-                             picture.rowSamples()];
+    planes.values.resize(layout.planeSize() * layout.planes);
+    for (int y = 0; y < layout.down << order; ++y)
         for (int x = 0; x < layout.across << order; ++x) {
-            const std::uint16_t* pixel = row + std::min(x, picture.width - 1) * picture.channels;
+            const auto pixel = static_cast<std::size_t>(
+                (std::min(y, picture.height - 1) * picture.width + std::min(x, picture.width - 1)) *
+                picture.channels);
             Vector samples = {};
-            for (int i = 0; i < layout.planes; ++i)
-                samples[static_cast<std::size_t>(i)] = pixel[i] - middle(picture);
-            const Vector values = colors.toPlanes(samples);
-            for (int i = 0; i < layout.planes; ++i)
-                planes.values[layout.index(i, x, y)] =
-                    static_cast<float>(values[static_cast<std::size_t>(i)]);
+            for (std::size_t i = 0; i < picture.colors(); ++i)
+                samples[i] = picture.samples[pixel + i] - middle(picture);
+            const Vector values = turned(samples, layout.planes, false);
+            for (std::size_t i = 0; i < picture.colors(); ++i)
+                planes.values[layout.index(i, x, y)] = static_cast<float>(values[i]);
         }
-    }
     return planes;
 }
 
@@ -124,22 +95,16 @@ Picture joinPlanes(const Planes& planes, const Picture& original)
 {
     Picture picture = original;
     const Layout& layout = planes.layout;
-    const Colors colors(layout.planes);
     std::uint16_t* pixel = picture.samples.data();
-    for (int y = 0; y < picture.height; ++y) {
+    for (int y = 0; y < picture.height; ++y)
         for (int x = 0; x < picture.width; ++x, pixel += picture.channels) {
             Vector values = {};
-            for (int i = 0; i < layout.planes; ++i)
-                values[static_cast<std::size_t>(i)] = planes.values[layout.index(i, x, y)];
-            const Vector samples = colors.toColors(values);
-            for (int i = 0; i < layout.planes; ++i) {
-                const double sample = samples[static_cast<std::size_t>(i)] + middle(picture);
-                pixel[i] = static_cast<std::uint16_t>(
-                    std::lround(std::clamp(sample, 0.0, static_cast<double>(picture.peak()))));
-            }
+            for (std::size_t i = 0; i < picture.colors(); ++i)
+                values[i] = planes.values[layout.index(i, x, y)];
+            const Vector samples = turned(values, layout.planes, true);
+            for (std::size_t i = 0; i < picture.colors(); ++i)
+                pixel[i] = static_cast<std::uint16_t>(std::lround(std::clamp(
+                    samples[i] + middle(picture), 0.0, static_cast<double>(picture.peak()))));
         }
-    }
     return picture;
 }
-
-} // namespace hadamard

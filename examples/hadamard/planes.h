@@ -10,21 +10,14 @@
 
 #include "picture.h"
 
-namespace hadamard
-{
-
-using examples::Picture;
-
 // Where a pixel's value is: planes one after the other, in each the blocks in rows from the top, in
 // each block its values in rows from the top.
 struct Layout {
     int order = 0; // blocks of 2^order x 2^order
-    int across = 0;
-    int down = 0;
-    int planes = 0;
+    int across = 0, down = 0, planes = 0;
 
     std::size_t planeSize() const;
-    std::size_t index(int plane, int x, int y) const;
+    std::size_t index(std::size_t plane, int x, int y) const;
 };
 
 struct Planes {
@@ -38,7 +31,5 @@ Planes splitPicture(const Picture& picture, int order);
 
 // The way back: the original with its colours replaced.
 Picture joinPlanes(const Planes& planes, const Picture& original);
-
-} // namespace hadamard
 
 #endif

@@ -1,4 +1,4 @@
-// transform.h - the modified discrete cosine transform of one channel, there and back.
+// transform.h - the modified discrete cosine transform of a recording, there and back.
 //
 // Frame t is the 2N samples from (t - 1) N on, N being the hop; beyond the ends of the signal there
 // is silence. With the window w,
@@ -12,20 +12,28 @@
 #ifndef MDCT_TRANSFORM_H
 #define MDCT_TRANSFORM_H
 
-#include "dct4.h"
+#include "sound.h"
 #include "window.h"
 
-#include <cstdint>
+#include <rvngenmx.hpp>
 #include <span>
 #include <vector>
 
-namespace mdct
-{
+// All coefficients of a recording.
+struct Spectrum {
+    std::size_t hop = 0, frames = 0; // of each channel
+    std::vector<float> values;       // channel after channel, frame after frame
 
-// Frames that were transformed in one direction.
+    std::span<const float> frame(std::size_t channel, std::size_t index) const
+    {
+        return std::span(values).subspan((channel * frames + index) * hop, hop);
+    }
+};
+
+// Frames that were transformed in one direction, with window, folding and overlap-add.
 struct Use {
-    std::int64_t frames = 0;
-    double seconds = 0; // with window, folding and overlap-add
+    std::size_t frames = 0;
+    double seconds = 0;
 };
 
 class Transform
@@ -37,11 +45,11 @@ public:
     // Frames of a signal of so many samples, one more than hops.
     std::size_t frames(std::size_t samples) const { return (samples + hop_ - 1) / hop_ + 1; }
 
-    // The coefficients of a signal, hop of them a frame, and the signal of coefficients.
-    void forward(std::span<const float> signal, std::span<float> coefficients);
-    void inverse(std::span<const float> coefficients, std::span<float> signal);
+    Spectrum analyse(const Sound& sound);
 
-    std::size_t hop() const { return hop_; }
+    // The recording of a spectrum, as long as the one that the spectrum is of.
+    Sound synthesise(const Spectrum& spectrum, const Sound& original);
+
     const Use& forwardUse() const { return forwardUse_; }
     const Use& inverseUse() const { return inverseUse_; }
 
@@ -49,15 +57,16 @@ public:
     double toneGain() const { return toneGain_; }
 
 private:
+    // A frame x of 2N samples to its coefficients, and what they make, added to such a frame.
+    void forwardFrame(const float* x, std::span<float> X);
+    void inverseFrame(std::span<const float> X, float* x);
+
     std::size_t hop_;
-    Dct4 dct4_;
+    rvng::Dct4<float> dct4_;
     std::vector<float> window_; // times sqrt(2/N), once in each direction
     double toneGain_ = 0;
-    std::vector<float> padded_; // the signal with a hop of silence before, and some behind
     std::vector<float> folded_; // a frame of the way back
     Use forwardUse_, inverseUse_;
 };
-
-} // namespace mdct
 
 #endif

@@ -7,8 +7,6 @@
 #include <cmath>
 #include <numbers>
 
-namespace mdct
-{
 namespace
 {
 
@@ -54,5 +52,3 @@ std::vector<double> windowValues(Window window, int hop)
     std::reverse_copy(values.begin(), values.begin() + hop, values.begin() + hop);
     return values;
 }
-
-} // namespace mdct

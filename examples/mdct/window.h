@@ -4,18 +4,13 @@
 
 #include <vector>
 
-namespace mdct
-{
-
 // The sine window separates neighbouring bins best; the Kaiser-Bessel-derived one, of alpha 4, what
 // is far apart.
-enum class Window { sine, kaiserBessel };
+enum class Window : int { sine, kaiserBessel };
 
 const char* nameOf(Window window);
 
 // 2N values, symmetric, with w[n]^2 + w[N + n]^2 = 1 (the condition of Princen and Bradley, 1986).
 std::vector<double> windowValues(Window window, int hop);
-
-} // namespace mdct
 
 #endif

@@ -1,22 +1,47 @@
 // channel.cpp - see channel.h.
 #include "channel.h"
 
-#include "subcarriers.h"
-
 #include <algorithm>
 #include <cmath>
 #include <numbers>
 
-namespace ofdm
-{
 namespace
 {
 
 constexpr double turn = 2 * std::numbers::pi;
 
+std::uint64_t mixed(std::uint64_t z)
+{
+    z = (z ^ (z >> 30)) * 0xbf58476d1ce4e5b9u;
+    z = (z ^ (z >> 27)) * 0x94d049bb133111ebu;
+    return z ^ (z >> 31);
+}
+
 static_assert(channelTaps <= prefixLength + 1);
 
 } // namespace
+
+Random::Random(std::uint64_t seed, std::uint64_t stream) : state_(mixed(mixed(seed) + stream)) {}
+
+std::uint64_t Random::bits()
+{
+    return mixed(state_ += 0x9e3779b97f4a7c15u);
+}
+
+double Random::uniform()
+{
+    return static_cast<double>((bits() >> 11) + 1) * 0x1p-53;
+}
+
+// Box and Muller 1958. The last bit of a logarithm may depend on the machine; rounding to binary32
+// takes it away.
+Complex Random::gaussian(double power)
+{
+    const double radius = std::sqrt(-power * std::log(uniform()));
+    const double phase = turn * uniform();
+    return {static_cast<float>(radius * std::cos(phase)),
+            static_cast<float>(radius * std::sin(phase))};
+}
 
 Channel::Channel(ChannelKind kind, double noise, std::uint64_t seed)
     : noise_(noise), random_(seed, channelStream)
@@ -36,7 +61,7 @@ double Channel::gain() const
         return 1;
     double sum = 0;
     for (const Complex tap : taps_)
-        sum += power(tap);
+        sum += std::norm(tap);
     return sum;
 }
 
@@ -49,7 +74,7 @@ void Channel::pass(std::span<Complex> samples)
     }
     if (noise_ > 0)
         for (Complex& sample : samples)
-            sample = plus(sample, random_.gaussian(noise_));
+            sample += random_.gaussian(noise_);
 }
 
 void Channel::addEchoes(std::span<Complex> samples)
@@ -59,7 +84,7 @@ void Channel::addEchoes(std::span<Complex> samples)
         past_[0] = sample;
         sample = {};
         for (std::size_t i = 0; i < channelTaps; ++i)
-            sample = plus(sample, times(taps_[i], past_[i]));
+            sample += taps_[i] * past_[i];
     }
 }
 
@@ -70,10 +95,8 @@ void Channel::rotate(std::span<Complex> samples)
     const Complex turnOfSample = unit(step);
     Complex factor = unit(phase_);
     for (Complex& sample : samples) {
-        sample = times(sample, factor);
-        factor = times(factor, turnOfSample);
+        sample *= factor;
+        factor *= turnOfSample;
     }
     phase_ = std::remainder(phase_ + step * static_cast<double>(samples.size()), turn);
 }
-
-} // namespace ofdm

@@ -6,16 +6,34 @@
 #ifndef OFDM_CHANNEL_H
 #define OFDM_CHANNEL_H
 
-#include "random.h"
+#include "symbol.h"
 
-#include <array>
-#include <span>
-#include <vector>
+#include <cstdint>
 
-namespace ofdm
+// Random numbers that are the same on every machine, which the distributions of the standard
+// library are not: SplitMix64 (Steele, Lea and Flood 2014), a counter and a mixing function.
+class Random
 {
+public:
+    // Streams of one seed are independent of each other.
+    Random(std::uint64_t seed, std::uint64_t stream);
 
-enum class ChannelKind { white, multipath };
+    std::uint64_t bits();
+    std::uint8_t byte() { return static_cast<std::uint8_t>(bits() >> 56); }
+
+    // A complex Gaussian number of mean 0 with the given mean power.
+    Complex gaussian(double power);
+
+private:
+    double uniform(); // above 0 and up to 1
+
+    std::uint64_t state_;
+};
+
+// The streams of a run, so that one of them does not move the others.
+enum Stream : std::uint64_t { channelStream, scramblerStream, pilotStream, dataStream };
+
+enum class ChannelKind : int { white, multipath };
 
 constexpr std::size_t channelTaps = 8;  // the last echo is 7 samples late, within the prefix
 constexpr double delaySpread = 2;       // samples in which the power falls to 1/e
@@ -42,7 +60,5 @@ private:
     std::array<Complex, channelTaps> past_ = {};
     double phase_ = 0;
 };
-
-} // namespace ofdm
 
 #endif

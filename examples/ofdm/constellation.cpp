@@ -4,8 +4,6 @@
 #include <algorithm>
 #include <cmath>
 
-namespace ofdm
-{
 namespace
 {
 
@@ -29,7 +27,7 @@ Constellation::Constellation(Modulation modulation)
     const int levels = 1 << axisBits_;
     for (int i = 0; i < levels; ++i)
         for (int q = 0; q < levels; ++q)
-            table_[static_cast<std::size_t>(grayCode(i) << axisBits_ | grayCode(q))] = {
+            table_[grayCode(i) << axisBits_ | grayCode(q)] = {
                 static_cast<float>(2 * i + 1 - levels) * unit_,
                 static_cast<float>(2 * q + 1 - levels) * unit_};
 }
@@ -42,8 +40,6 @@ std::uint8_t Constellation::decide(Complex received) const
     const auto level = [&](float value) {
         return static_cast<int>(std::clamp(value / (2 * unit_) + half, 0.0f, top));
     };
-    return static_cast<std::uint8_t>(grayCode(level(received.re)) << axisBits_ |
-                                     grayCode(level(received.im)));
+    return static_cast<std::uint8_t>(grayCode(level(received.real())) << axisBits_ |
+                                     grayCode(level(received.imag())));
 }
-
-} // namespace ofdm

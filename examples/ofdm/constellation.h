@@ -5,15 +5,11 @@
 #ifndef OFDM_CONSTELLATION_H
 #define OFDM_CONSTELLATION_H
 
-#include "complex.h"
+#include "symbol.h"
 
-#include <array>
 #include <cstdint>
 
-namespace ofdm
-{
-
-enum class Modulation { qpsk, qam16 };
+enum class Modulation : int { qpsk, qam16 };
 
 const char* nameOf(Modulation modulation);
 
@@ -36,7 +32,5 @@ private:
     float unit_; // levels are odd multiples of it
     std::array<Complex, 16> table_ = {};
 };
-
-} // namespace ofdm
 
 #endif

@@ -1,13 +1,12 @@
 // link.cpp - see link.h.
 #include "link.h"
 
+#include "program.h"
+
 #include <algorithm>
 #include <bit>
-#include <chrono>
 #include <cmath>
 
-namespace ofdm
-{
 namespace
 {
 
@@ -34,22 +33,13 @@ void joinLabels(std::span<const std::uint8_t> labels, int bits, std::span<std::u
     }
 }
 
-class Stopwatch
+// Both ways.
+void scramble(std::vector<std::uint8_t>& bytes)
 {
-public:
-    explicit Stopwatch(double& seconds) : seconds_(seconds) {}
-    ~Stopwatch()
-    {
-        const auto time = std::chrono::steady_clock::now() - start_;
-        seconds_ += std::chrono::duration<double>(time).count();
-    }
-    Stopwatch(const Stopwatch&) = delete;
-    Stopwatch& operator=(const Stopwatch&) = delete;
-
-private:
-    double& seconds_;
-    std::chrono::steady_clock::time_point start_ = std::chrono::steady_clock::now();
-};
+    Random random(0, scramblerStream);
+    for (std::uint8_t& byte : bytes)
+        byte = static_cast<std::uint8_t>(byte ^ random.byte());
+}
 
 } // namespace
 
@@ -74,15 +64,14 @@ Link::Link(const LinkSettings& settings)
     }
     std::vector<Complex> training(trainingSymbols * blockLength);
     for (std::size_t i = 0; i < training.size(); i += blockLength)
-        transmitter_.train(std::span(training).subspan(i, blockLength));
+        transmitter_.train(Block(&training[i], blockLength));
     channel_.pass(training);
     receiver_.learn(training);
 }
 
 void Link::send(std::span<const std::uint8_t> bytes, std::span<std::uint8_t> received)
 {
-    const std::size_t step = batchSymbols * subcarriers_.data.size() *
-                             static_cast<std::size_t>(constellation_.bits()) / 8;
+    const std::size_t step = batchSymbols * subcarriers_.data.size() * constellation_.bits() / 8;
     for (std::size_t i = 0; i < bytes.size(); i += step) {
         const std::size_t count = std::min(step, bytes.size() - i);
         sendBatch(bytes.subspan(i, count), received.subspan(i, count));
@@ -98,21 +87,19 @@ void Link::sendBatch(std::span<const std::uint8_t> bytes, std::span<std::uint8_t
     labels.resize(symbols * perSymbol);
     std::vector<Complex> samples(symbols * blockLength), points(labels.size());
     std::vector<std::uint8_t> decided(labels.size());
-    {
-        const Stopwatch watch(tally_.seconds);
+    const auto block = [&](std::size_t i) { return Block(&samples[i * blockLength], blockLength); };
+    timed(tally_.seconds, [&] {
         for (std::size_t i = 0; i < symbols; ++i)
-            transmitter_.modulate(std::span(labels).subspan(i * perSymbol, perSymbol),
-                                  std::span(samples).subspan(i * blockLength, blockLength));
-    }
+            toSamples(transmitter_.spectrum(std::span(labels).subspan(i * perSymbol, perSymbol)),
+                      block(i));
+    });
     channel_.pass(samples);
-    {
-        const Stopwatch watch(tally_.seconds);
+    timed(tally_.seconds, [&] {
         for (std::size_t i = 0; i < symbols; ++i)
-            receiver_.demodulate(std::span(samples).subspan(i * blockLength, blockLength),
-                                 std::span(points).subspan(i * perSymbol, perSymbol));
+            receiver_.demodulate(block(i), std::span(points).subspan(i * perSymbol, perSymbol));
         for (std::size_t i = 0; i < points.size(); ++i)
             decided[i] = constellation_.decide(points[i]);
-    }
+    });
     joinLabels(decided, constellation_.bits(), received);
     tally_.symbols += static_cast<std::int64_t>(symbols);
     tally_.bits += static_cast<std::int64_t>(8 * bytes.size());
@@ -124,11 +111,29 @@ void Link::sendBatch(std::span<const std::uint8_t> bytes, std::span<std::uint8_t
 void Link::judge(std::span<const std::uint8_t> labels, std::span<const Complex> points)
 {
     for (std::size_t i = 0; i < labels.size(); ++i)
-        tally_.errorPower += power(minus(points[i], constellation_.point(labels[i])));
+        tally_.errorPower += std::norm(points[i] - constellation_.point(labels[i]));
     tally_.points += static_cast<std::int64_t>(labels.size());
     const std::size_t room = mostPoints - points_.size();
-    points_.insert(points_.end(), points.begin(),
-                   points.begin() + static_cast<std::ptrdiff_t>(std::min(room, labels.size())));
+    points_.insert(points_.end(), points.begin(), points.begin() + std::min(room, labels.size()));
 }
 
-} // namespace ofdm
+std::vector<std::uint8_t> payloadOf(const Picture& picture)
+{
+    std::vector<std::uint8_t> bytes;
+    for (std::size_t i = 0; i < picture.samples.size(); ++i)
+        if (picture.isColor(i))
+            bytes.push_back(static_cast<std::uint8_t>(picture.samples[i]));
+    scramble(bytes);
+    return bytes;
+}
+
+Picture pictureFrom(std::vector<std::uint8_t> payload, const Picture& sent)
+{
+    scramble(payload);
+    Picture picture = sent;
+    std::size_t next = 0;
+    for (std::size_t i = 0; i < picture.samples.size(); ++i)
+        if (picture.isColor(i))
+            picture.samples[i] = payload[next++];
+    return picture;
+}

@@ -6,11 +6,8 @@
 #ifndef OFDM_LINK_H
 #define OFDM_LINK_H
 
-#include "channel.h"
-#include "receiver.h"
-
-namespace ofdm
-{
+#include "modem.h"
+#include "picture.h"
 
 struct LinkSettings {
     Modulation modulation = Modulation::qpsk;
@@ -59,6 +56,10 @@ private:
     std::vector<Complex> points_;
 };
 
-} // namespace ofdm
+// The samples of a picture of 8 bits a sample as bytes to send, without alpha, and the picture with
+// its colours replaced by received ones. They are scrambled, that is, combined with random bits
+// that both sides know: flat parts of a picture would repeat one symbol, whose peaks may be high.
+std::vector<std::uint8_t> payloadOf(const Picture& picture);
+Picture pictureFrom(std::vector<std::uint8_t> payload, const Picture& sent);
 
 #endif

@@ -6,6 +6,9 @@ import sys
 
 import numpy as np
 
+if len(sys.argv) != 2:
+    print("usage: numpy_check.py librvngenmx.so.6.1", file=sys.stderr)
+    sys.exit(2)
 SCALE_NONE, SCALE_INV_BY_N = 8, 2
 library = ctypes.CDLL(sys.argv[1])
 random = np.random.default_rng(1)

@@ -1,49 +1,65 @@
-// main.cpp - the spectrogram program: read, analyse, draw, write, report.
+// main.cpp - the spectrogram program: an audio file in windowed frames, each through one transform.
 //
 //     spectrogram [-n LENGTH] [--hop H] [--iq] [-o PICTURE.png] AUDIO
 //
 // Exit status: 0 done, 1 the files are at fault, 2 the command line is at fault.
 #include "analysis.h"
-#include "audio.h"
-#include "level_plot.h"
-#include "options.h"
-#include "part_file.h"
-#include "picture.h"
-#include "png_file.h"
+#include "console.h"
 #include "program.h"
-#include "report.h"
-
-#include <cstdio>
-#include <filesystem>
 
 namespace
 {
 
-using namespace spectrogram;
+// The library's complex numbers are pairs of plain ones.
+const Rvn32fc* pairs(const float* values)
+{
+    return reinterpret_cast<const Rvn32fc*>(values);
+}
+Rvn32fc* pairs(float* values)
+{
+    return reinterpret_cast<Rvn32fc*>(values);
+}
+
+} // namespace
+
+// A real channel takes the real transform, whose layout CCS is the spectrum's bins 0 to N/2 as
+// pairs; the two channels I and Q are one complex signal. With the factor 1/N on the way there,
+// levels do not depend on N.
+void forward(const float* frame, float* spectrum, FrameShape shape)
+{
+    check(shape.iq
+              ? rvngDFTFwd_CToC_32fc(pairs(frame), pairs(spectrum), shape.length, RvnScaleFwdByN)
+              : rvngDFTFwd_RToCCS_32f(frame, spectrum, shape.length, RvnScaleFwdByN));
+}
+
+void inverse(const float* spectrum, float* frame, FrameShape shape)
+{
+    check(shape.iq
+              ? rvngDFTInv_CToC_32fc(pairs(spectrum), pairs(frame), shape.length, RvnScaleFwdByN)
+              : rvngDFTInv_CCSToR_32f(spectrum, frame, shape.length, RvnScaleFwdByN));
+}
+
+namespace
+{
 
 void run(int argc, char** argv)
 {
-    const Options options = parseOptions(argc, argv);
-    if (options.helpOnly) {
-        std::fputs(usageText(), stdout);
+    Options options;
+    if (!readOptions(options, argc, argv))
         return;
-    }
-    examples::AudioFile file(options.input);
-    examples::expectOtherFile(options.output, options.input,
-                              "is the input; the picture needs another name");
+    const Sound sound = readSound(options.input);
+    expectFit(options, sound);
+    const Analysis analysis = analyse(sound, {options.length, options.iq}, options.hop);
 
-    const Analysis analysis = analyse(file, options, examples::plotWidth);
-    const std::string title = std::filesystem::path(options.input).filename().string();
-    const examples::Canvas picture = drawPicture(analysis, title);
-    examples::PartFile pictureFile(options.output);
-    writePng(pictureFile, picture);
-    pictureFile.commit();
-    printReport(options, analysis, picture);
+    PartFile picture(options.output);
+    drawPicture(picture, options, sound, analysis);
+    picture.commit();
+    printReport(options, sound, analysis);
 }
 
 } // namespace
 
 int main(int argc, char** argv)
 {
-    return examples::runProgram("spectrogram", argc, argv, run);
+    return runProgram("spectrogram", argc, argv, run);
 }

@@ -18,16 +18,12 @@
 // frames allow a tone at f, and no tone is louder than the power about its maximum supports.
 #include "peaks.h"
 
-#include "frames.h"
-
 #include <algorithm>
 #include <cmath>
 #include <functional>
 #include <numbers>
 #include <utility>
 
-namespace spectrogram
-{
 namespace
 {
 
@@ -54,6 +50,26 @@ Match together(const Match& even, const Match& odd, double share)
 {
     return {std::sqrt(share) * even.product + std::sqrt(1 - share) * odd.product,
             share * even.square + (1 - share) * odd.square};
+}
+
+// The response of a frame without a window: the mean of cos(2 pi x (n - (N - 1) / 2) / N).
+double plainResponse(int length, double x)
+{
+    using std::numbers::pi;
+    const double denominator = length * std::sin(pi * x / length);
+    if (std::abs(denominator) > 1e-9)
+        return std::sin(pi * x) / denominator;
+    const bool oddTurn = std::lround(x / length) % 2 != 0; // x is a multiple of N
+    return oddTurn && length % 2 == 0 ? -1.0 : 1.0;
+}
+
+// The mean over n of w[n] exp(2 pi i x (n - (N - 1) / 2) / N): what a tone of amplitude 1 that lies
+// x bins beside a bin leaves in it. The window is 1/2 - exp(+...)/4 - exp(-...)/4, and half a turn
+// lies between n + 1/2 and the frame's centre: the three terms have the same sign there.
+double hannResponse(int length, double x)
+{
+    return plainResponse(length, x) / 2 + plainResponse(length, x - 1) / 4 +
+           plainResponse(length, x + 1) / 4;
 }
 
 class ToneFit
@@ -149,7 +165,8 @@ private:
 
 } // namespace
 
-std::vector<Peak> strongestPeaks(const Analysis& analysis, const Panel& panel, int mostPeaks)
+std::vector<Peak> strongestPeaks(const Analysis& analysis, const Panel& panel, int sampleRate,
+                                 std::size_t mostPeaks)
 {
     const int length = analysis.shape.length;
     const bool iq = analysis.shape.iq;
@@ -165,18 +182,16 @@ std::vector<Peak> strongestPeaks(const Analysis& analysis, const Panel& panel, i
     std::ranges::sort(maxima, std::greater<>(), [&](int k) { return fit.power(k); });
     const double weakest = maxima.empty() ? 0 : weakestPeak * fit.power(maxima.front());
     std::erase_if(maxima, [&](int k) { return fit.power(k) <= weakest; });
-    if (maxima.size() > static_cast<std::size_t>(mostPeaks))
-        maxima.resize(static_cast<std::size_t>(mostPeaks));
+    if (maxima.size() > mostPeaks)
+        maxima.resize(mostPeaks);
 
     std::vector<Peak> peaks;
     for (const int k : maxima) {
         double f = fit.refine(k);
         if (iq)
             f -= length * std::floor(f / length + 0.5);
-        peaks.push_back({f * analysis.sampleRate / length, fit.at(k, f).second});
+        peaks.push_back({f * sampleRate / length, fit.at(k, f).second});
     }
     std::ranges::sort(peaks, std::greater<>(), &Peak::amplitude);
     return peaks;
 }
-
-} // namespace spectrogram
