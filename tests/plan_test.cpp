@@ -197,6 +197,7 @@ TEST(Plan, TheRowDrivesTheGraph)
     EXPECT_THROW(requireRow(complexKernel(plan, format)), std::runtime_error);
     for (const ComplexStage& stage : {ComplexStage{15, Method::CooleyTukey, 999, -7},
                                       {15, Method::CooleyTukey, 15, 1},
+                                      {15, Method::Direct},
                                       {16, Method::GoodThomas, 4, 4},
                                       {15, Method::Rader}}) {
         plan.stage = stage;
@@ -215,9 +216,25 @@ TEST(Plan, TheRowDrivesTheGraph)
     inverse.stage.a = 12;
     EXPECT_NE(operationsOf(inverseRealKernel(inverse, format)),
               operationsOf(inverseRealKernel(inversePlans()[60 - 2], format)));
-    ForwardPlan forward = forwardPlans()[16 - 2];
-    forward.stage.middle.form = OddBins::Form::HalfComplexMirrored;
-    EXPECT_THROW(forwardRealKernel(forward, format), std::runtime_error);
+    // What a stage cannot do, or what its direction does not ask for.
+    using enum OddBins::Form;
+    for (const OddBins& middle :
+         {OddBins{HalfComplexMirrored}, OddBins{Alternate}, OddBins{Eighths},
+          OddBins{Interleaved, 0}, OddBins{Interleaved, 2}}) {
+        ForwardPlan forward = forwardPlans()[8 - 2];
+        forward.stage.middle = middle;
+        EXPECT_THROW(forwardRealKernel(forward, format), std::runtime_error);
+    }
+    for (const RealStage& stage :
+         {notation::direct(7, 4), notation::direct(7), notation::ctUpper(9, 3, 3)}) {
+        ForwardPlan forward = forwardPlans()[stage.length - 2];
+        forward.stage = stage;
+        EXPECT_THROW(forwardRealKernel(forward, format), std::runtime_error);
+    }
+    for (const RealStage& stage : {notation::direct(7, 3), notation::residues(10, 2, 5)}) {
+        inverse.stage = stage;
+        EXPECT_THROW(inverseRealKernel(inverse, format), std::runtime_error);
+    }
 }
 
 TEST(Plan, InABinary32KernelNoBinary64ValueIsUsedTwiceAndNoDoublingIsOne)

@@ -1,4 +1,4 @@
-// rvnkernelgen: writes the kernels and what is told of them. Run it without arguments for its use.
+// rvnkernelgen: writes the kernels and what is told of them. --help tells its use.
 //
 // It stops with a message and status 1 when a kernel does not have the tally of its plan.
 
@@ -57,10 +57,10 @@ int run(const std::vector<std::string>& arguments)
         return 0;
     }
     const std::string task = count > 2 && arguments[0] == "--tuning" ? arguments[2] : "";
-    const bool isWriting = task == "--out" && count == 4;
+    const bool isWriting = task == "--out" && count == 4 && !arguments[3].empty();
     const bool isPrinting = task == "--list" || task == "--statistics" || task == "--prototypes";
     if (!isWriting && !(isPrinting && count == 3)) {
-        std::cerr << usage;
+        std::cerr << "rvnkernelgen: cannot take these arguments (see --help)\n";
         return 2;
     }
     const std::vector<Kernel> kernels = everyKernel();
@@ -78,7 +78,9 @@ int run(const std::vector<std::string>& arguments)
         printStatistics(kernels, tuning);
     else
         std::cout << prototypesText(kernels);
-    return std::cout.flush() ? 0 : 1;
+    if (!std::cout.flush())
+        throw std::runtime_error("cannot write the output");
+    return 0;
 }
 
 } // namespace

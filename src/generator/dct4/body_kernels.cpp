@@ -160,7 +160,7 @@ Kernel engineKernel(const BodyPlan& plan, Format format)
             .method = methodOf(plan),
             .format = format,
             .products = Products::InElements,
-            .parts = {{graph, false}},
+            .parts = {{.graph = graph, .isScaled = false}},
             .row = {.additions = plan.additions + plan.subtractions,
                     .multiplications = plan.multiplications,
                     .negatedOutputs = plan.negatedOutputs},

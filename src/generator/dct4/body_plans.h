@@ -13,6 +13,7 @@
 // alone (radix.cpp).
 #pragma once
 
+#include <algorithm>
 #include <array>
 #include <cstdint>
 
@@ -61,6 +62,26 @@ inline constexpr std::array<BodyPlan, 22> bodyPlans = {{
     {BodyKind::InnerRow,    32, {8, 4},      224, 220, 220},
 }};
 // clang-format on
+
+// Whether the splits end in odd-frequency transforms of 2 or 4 points; a whole inner row has none,
+// and one in two stages is r/4 by 4.
+constexpr bool isBody(const BodyPlan& plan)
+{
+    if (plan.kind == BodyKind::InnerRow)
+        return plan.size <= 8 ? plan.radixes[0] == 0
+                              : plan.radixes == std::array{plan.size / 4, 4, 0};
+    int length = plan.kind == BodyKind::TopRow ? 2 * plan.size : plan.size;
+    for (const int radix : plan.radixes) {
+        if (radix == 0)
+            break;
+        if ((radix != 2 && radix != 4 && radix != 8) || length % radix != 0)
+            return false;
+        length /= radix;
+    }
+    return length == 2 || length == 4;
+}
+
+static_assert(std::ranges::all_of(bodyPlans, isBody));
 
 constexpr const BodyPlan& bodyPlan(BodyKind kind, int size)
 {

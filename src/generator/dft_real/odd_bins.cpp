@@ -186,6 +186,30 @@ Values inverseInterleaved(const OddBins& method, const OddHalfSpectrum& C)
     return y;
 }
 
+void requireForm(const OddBins& method, int n)
+{
+    const auto suits = [&] {
+        switch (method.form) {
+        case Quarters:
+            return n == 2;
+        case Eighths:
+            return n == 4;
+        case Alternate:
+            return n % 2 == 1;
+        case HalfComplex:
+        case HalfComplexMirrored:
+            return n % 2 == 0;
+        case Interleaved:
+            return method.sequences % 2 == 0 && method.sequences > 0 && n > method.sequences &&
+                   n % method.sequences == 0;
+        }
+        return false;
+    };
+    if (!suits())
+        throw std::runtime_error("odd bins: no transform of this form over " + std::to_string(n) +
+                                 " values");
+}
+
 } // namespace
 
 ComplexValue OddHalfSpectrum::at(int q) const
@@ -205,6 +229,7 @@ void OddHalfSpectrum::set(int q, ComplexValue x)
 
 OddHalfSpectrum oddBinDft(const OddBins& method, ValuesView x, int t)
 {
+    requireForm(method, static_cast<int>(x.size()));
     switch (method.form) {
     case Quarters:
         return quarters(x, t);
@@ -224,6 +249,7 @@ OddHalfSpectrum oddBinDft(const OddBins& method, ValuesView x, int t)
 
 Values inverseOddBinDft(const OddBins& method, const OddHalfSpectrum& C)
 {
+    requireForm(method, C.n);
     switch (method.form) {
     case Alternate:
         return inverseAlternate(method, C);

@@ -27,9 +27,9 @@ constexpr ForwardPlan forward[] = {
     {butterfly,                     2,    2,  0,  0},
     {direct(3, 1),                  5,    5,  1,  2},
     {ct(4, 2, 2, Quarters),         7,    4,  1,  0},
-    {direct(5),                    13,   13,  1,  4},
+    {direct(5, 2),                 13,   13,  1,  4},
     {gt(6, 3, 2),                  15,   10,  1,  0},
-    {direct(7),                    25,   25,  1,  6},
+    {direct(7, 2),                 25,   25,  1,  6},
     {ct(8, 4, 2, Quarters),        23,   10,  3,  0},
     {ct(9, 3, 3),                  35,   29,  3,  2},
     {gt(10, 5, 2),                 37,   26,  3,  0},
@@ -209,7 +209,7 @@ constexpr RealRader forwardRaders[] = {
 
 constexpr RealRader inverseRaders[] = {
 //   p  g  whole, p - 1                     even bins, (p - 1)/2     odd bins
-    {11, 2, gt(10,  2,  5),                 direct(5),               alternate},
+    {11, 2, gt(10,  2,  5),                 direct(5, 2),            alternate},
     {13, 2, gt(12,  3,  4),                 residues( 6,  2,  3),    halfComplex},
     {17, 3, ct(16,  8,  2, HalfComplexMirrored), ct( 8,  4,  2, Quarters), halfComplex},
     {19, 2, gt(18,  2,  9),                 ct( 9,  3,  3),          alternate},

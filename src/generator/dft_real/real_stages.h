@@ -64,7 +64,8 @@ struct RealStage {
 
 inline std::string nameOf(const RealStage& stage)
 {
-    return nameOf(stage.method, stage.a.length, stage.b.length);
+    const std::string name = nameOf(stage.method, stage.a.length, stage.b.length);
+    return name + (stage.map == IndexMap::Residues ? " by residues" : "");
 }
 
 constexpr Factor::Factor(const RealStage& stage) : length(stage.length), departure(&stage) {}
@@ -83,7 +84,7 @@ struct RealRader {
 namespace notation
 {
 
-constexpr RealStage direct(int N, int negatedBin = 2)
+constexpr RealStage direct(int N, int negatedBin = 0)
 {
     return {.length = N, .method = Method::Direct, .negatedBin = negatedBin};
 }
@@ -127,7 +128,7 @@ inline constexpr RealStage ct8 = ct(8, 2, 4);
 inline constexpr RealStage inverseCt8 = ct(8, 2, 4, OddBins::Form::HalfComplexMirrored);
 inline constexpr RealStage gt12 = gt(12, 4, 3);
 inline constexpr RealStage upper9 = ctUpper(9, 3, 3);
-inline constexpr RealStage direct11 = direct(11);
+inline constexpr RealStage direct11 = direct(11); // inverse
 inline constexpr RealStage rader11 = rader(11);
 
 } // namespace notation

@@ -12,7 +12,7 @@ namespace
 bool isScalable(const Graph& graph, const std::vector<int>& uses, int node)
 {
     const Node& n = graph.nodes[node];
-    if (uses[node] != 1 || n.op == Op::Load)
+    if (uses[node] != 1 || n.op == Op::Load || n.op == Op::Product)
         return false;
     return n.op == Op::Multiply || std::ranges::all_of(operands(n), [&](int operand) {
                return isScalable(graph, uses, operand);

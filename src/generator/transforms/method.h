@@ -10,17 +10,32 @@ namespace rvn::generator
 
 enum class Method { Butterfly, Direct, CooleyTukey, GoodThomas, Rader };
 
-// Whether a and b are factors of the length, and coprime where they must be.
+constexpr bool isOddPrime(int length)
+{
+    bool isPrime = length > 2;
+    for (int factor = 2; factor < length; ++factor)
+        isPrime = isPrime && length % factor != 0;
+    return isPrime;
+}
+
+// Whether a method can compute a length by these factors: coprime where they must be, and 1 where
+// there is no split.
 constexpr bool isSplit(int length, Method method, int a, int b)
 {
+    const bool isWhole = a == 1 && b == 1;
+    const bool isProduct = a > 1 && b > 1 && a * b == length;
     switch (method) {
+    case Method::Butterfly:
+        return isWhole && length == 2;
+    case Method::Direct:
+    case Method::Rader:
+        return isWhole && isOddPrime(length);
     case Method::CooleyTukey:
-        return a > 1 && b > 1 && a * b == length;
+        return isProduct;
     case Method::GoodThomas:
-        return a > 1 && b > 1 && a * b == length && std::gcd(a, b) == 1;
-    default:
-        return true;
+        return isProduct && std::gcd(a, b) == 1;
     }
+    return false;
 }
 
 // "Good-Thomas 9 x 4"; of Rader's method the name alone.

@@ -2,6 +2,10 @@
 
 #include "generator/transforms/roots.h"
 
+#include <algorithm>
+#include <stdexcept>
+#include <string>
+
 namespace rvn::generator
 {
 
@@ -10,6 +14,9 @@ std::vector<int> powers(int g, int p)
     std::vector<int> power{1};
     while (static_cast<int>(power.size()) < p - 1)
         power.push_back(power.back() * g % p);
+    if (std::ranges::count(power, 1) != 1 || power.back() * g % p != 1)
+        throw std::runtime_error(std::to_string(g) + " generates no residues modulo " +
+                                 std::to_string(p));
     return power;
 }
 
