@@ -80,7 +80,7 @@ TYPED_TEST(Environment, RoundingModesAndSubnormalsAreTheCallersAndKept)
 // How many bytes of a stack of its own a call writes to.
 std::size_t stackOf(const std::function<void()>& call)
 {
-    static std::vector<std::byte> stack(1 << 17);
+    static std::vector<std::byte> stack(1 << 19);
     static const std::function<void()>* entry;
     static ucontext_t caller, callee;
     constexpr std::byte unused{0xa5};
