@@ -4,6 +4,7 @@
 // SPECTROGRAM_PROGRAM is the program's path.
 #include "wav_file.h"
 
+#include <algorithm>
 #include <png.h>
 #include <sys/stat.h>
 
@@ -69,7 +70,8 @@ TEST_F(Spectrogram, LevelsNearTheEndsOfTheSpectrumStayPossible)
     Signal step(8000), clicked = tone(8000, 5000.0 / sampleRate, 0.1, 0);
     std::fill(step.begin() + 4000, step.end(), 0.25f);
     std::fill(clicked.begin() + 4000, clicked.end(), 0.0f);
-    clicked[6001] = -(clicked[6002] = -0.9f);
+    clicked[6001] = 0.9f;
+    clicked[6002] = -0.9f;
     analyse({step}, "", SF_FORMAT_PCM_16);
     EXPECT_NEAR(level(), -14, 2.1);
     analyse({clicked}, "", SF_FORMAT_PCM_16);
