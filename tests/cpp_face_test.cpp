@@ -6,9 +6,8 @@
 #include "kernels.h"
 
 #include <array>
-#include <complex>
+#include <tuple>
 #include <type_traits>
-#include <vector>
 
 namespace rvn::tests
 {
@@ -16,135 +15,107 @@ namespace rvn::tests
 namespace
 {
 
-using rvng::Ccs;
-using rvng::Pack;
-using rvng::Perm;
-using rvng::Scale;
-using rvng::Status;
-
-template <std::size_t N, typename T> std::span<T, N> extent(T* x)
-{
-    return std::span<T, N>(x, N);
-}
-
-constexpr Scale everyScale[] = {Scale::ForwardByN, Scale::InverseByN, Scale::BySqrtN, Scale::None};
-
-RvnScaleFlag flagOf(Scale scale)
-{
-    return static_cast<RvnScaleFlag>(scale);
-}
+using enum Transform;
+using rvng::Ccs, rvng::Pack, rvng::Perm, rvng::Scale, rvng::Status;
 
 template <typename T> struct CppFace : testing::Test {
 };
 TYPED_TEST_SUITE(CppFace, Reals);
 
-// ---- What fits -------------------------------------------------------------------------------
+// Becomes a span of the extent that a function takes, known or not.
+template <typename T> struct Elastic {
+    std::span<T> all;
+    template <std::size_t N> operator std::span<T, N>() const { return std::span<T, N>(all); }
+};
 
-// A function of the header, with the length in its type and without.
-template <typename T> using Call = Status (*)(const T*, T*, Scale);
-template <typename T> using RunTimeCall = Status (*)(std::span<const T>, std::span<T>, Scale);
+template <typename T> using Call = Status (*)(Elastic<const T>, Elastic<T>, Scale);
+template <typename T> using Calls = std::initializer_list<Call<T>>;
 
-template <typename T, typename Real>
-void expectKernel(const Kernel<Real>& kernel, Call<T> inType, RunTimeCall<T> atRunTime)
+// A function of the header, be its length in its type or not.
+#define CALL(...) [](auto x, auto X, Scale s) { return rvng::__VA_ARGS__(x, X, s); }
+
+template <typename T, typename Real> void expectKernel(const Kernel<Real>& kernel, Calls<T> calls)
 {
+    constexpr std::size_t step = sizeof(T) / sizeof(Real);
     const auto x = randomParts<Real>(slotCount(kernel.source(), kernel.parts()), kernel.size);
-    for (const Scale scale : everyScale) {
-        const auto X = resultOf(kernel, x.data(), flagOf(scale));
-        std::vector<Real> out(X.size(), nan<Real>);
-        const std::span in(reinterpret_cast<const T*>(x.data()),
-                           x.size() * sizeof(Real) / sizeof(T));
-        const std::span to(reinterpret_cast<T*>(out.data()), X.size() * sizeof(Real) / sizeof(T));
-        EXPECT_EQ(inType(in.data(), to.data(), scale), Status::NoError);
-        EXPECT_TRUE(haveSameBits(out, X)) << kernel.name;
-        out.assign(X.size(), nan<Real>);
-        EXPECT_EQ(atRunTime(in, to, scale), Status::NoError);
-        EXPECT_TRUE(haveSameBits(out, X)) << kernel.name << ", its length at run time";
+    for (const Scale scale : {Scale::ForwardByN, Scale::InverseByN, Scale::BySqrtN, Scale::None}) {
+        const auto X = resultOf(kernel, x.data(), static_cast<RvnScaleFlag>(scale));
+        for (const Call<T>& call : calls) {
+            std::vector<Real> out(X.size(), nan<Real>);
+            const std::span in(reinterpret_cast<const T*>(x.data()), x.size() / step);
+            const std::span to(reinterpret_cast<T*>(out.data()), out.size() / step);
+            EXPECT_EQ(call({in}, {to}, scale), Status::NoError);
+            EXPECT_TRUE(haveSameBits(out, X)) << kernel.name << ", call " << &call - calls.begin();
+        }
     }
 }
 
-// check() for each length or order, as a constant.
-template <std::size_t first, std::size_t last> void forEach(auto check)
+template <typename T>
+void expectRefusal(std::initializer_list<std::pair<std::size_t, std::size_t>> sizes, Calls<T> calls)
 {
-    [&check]<std::size_t... i>(std::index_sequence<i...>)
-    {
-        (check(std::integral_constant<std::size_t, first + i>{}), ...);
+    for (const auto& [in, out] : sizes) {
+        const std::vector<T> x(in);
+        std::vector<T> X(out, T{7});
+        for (const Call<T> call : calls)
+            EXPECT_EQ(call({x}, {X}, Scale::None), Status::SizeError) << in << " " << out;
+        EXPECT_EQ(X, std::vector<T>(out, T{7}));
     }
-    (std::make_index_sequence<last - first + 1>{});
+}
+
+// check() for lengths or orders from the first on, as constants.
+template <std::size_t first, std::size_t... i> void forEach(std::index_sequence<i...>, auto check)
+{
+    (check(std::integral_constant<std::size_t, first + i>{}), ...);
 }
 
 TYPED_TEST(CppFace, ComplexTransformsAreTheKernels)
 {
-    using Complex = std::complex<TypeParam>;
-    const RunTimeCall<Complex> forward = [](auto x, auto X, Scale scale) {
-        return rvng::dftForward(x, X, scale);
-    };
-    const RunTimeCall<Complex> inverse = [](auto x, auto X, Scale scale) {
-        return rvng::dftInverse(x, X, scale);
-    };
-    forEach<2, 64>([&](auto length) {
+    using T = TypeParam;
+    using C = std::complex<T>;
+    forEach<2>(std::make_index_sequence<63>{}, [](auto length) {
         constexpr std::size_t N = length;
-        expectKernel<Complex>(
-            kernelOf<TypeParam>(Transform::Forward, N),
-            [](auto* x, auto* X, Scale scale) {
-                return rvng::dftForward<N>(extent<N>(x), extent<N>(X), scale);
-            },
-            forward);
-        expectKernel<Complex>(
-            kernelOf<TypeParam>(Transform::Inverse, N),
-            [](auto* X, auto* x, Scale scale) {
-                return rvng::dftInverse<N>(extent<N>(X), extent<N>(x), scale);
-            },
-            inverse);
+        expectKernel<C>(kernelOf<T>(Forward, N), {CALL(dftForward<N>), CALL(dftForward)});
+        expectKernel<C>(kernelOf<T>(Inverse, N), {CALL(dftInverse<N>), CALL(dftInverse)});
     });
+    expectRefusal<C>({{0, 0}, {1, 1}, {65, 65}, {8, 7}, {7, 8}, {64, 65}},
+                     {CALL(dftForward), CALL(dftInverse)});
 }
 
 template <typename L, typename T>
 void expectRealTransforms(Transform toLayout, Transform fromLayout)
 {
-    const RunTimeCall<T> forward = [](auto x, auto X, Scale scale) {
-        return rvng::dftForward<L>(x, X, scale);
-    };
-    const RunTimeCall<T> inverse = [](auto x, auto X, Scale scale) {
-        return rvng::dftInverse<L>(x, X, scale);
-    };
-    forEach<2, 64>([&](auto length) {
+    const Call<T> forward = CALL(dftForward<L>), inverse = CALL(dftInverse<L>);
+    forEach<2>(std::make_index_sequence<63>{}, [=](auto length) {
         constexpr std::size_t N = length, M = L::size(N);
-        expectKernel<T>(
-            kernelOf<T>(toLayout, N),
-            [](auto* x, auto* X, Scale scale) {
-                return rvng::dftForward<L, N>(extent<N>(x), extent<M>(X), scale);
-            },
-            forward);
-        expectKernel<T>(
-            kernelOf<T>(fromLayout, N),
-            [](auto* X, auto* x, Scale scale) {
-                return rvng::dftInverse<L, N>(extent<M>(X), extent<N>(x), scale);
-            },
-            inverse);
+        expectKernel<T>(kernelOf<T>(toLayout, N), {CALL(dftForward<L, N>), forward});
+        expectKernel<T>(kernelOf<T>(fromLayout, N), {CALL(dftInverse<L, N>), inverse});
+        expectRefusal<T>({{N, M - 1}, {N, M + 1}}, {forward});
+        expectRefusal<T>({{M - 1, N}, {M + 1, N}}, {inverse});
     });
+    expectRefusal<T>({{0, L::size(0)}, {1, L::size(1)}, {65, L::size(65)}}, {forward});
+    expectRefusal<T>({{L::size(0), 0}, {L::size(1), 1}, {L::size(65), 65}}, {inverse});
 }
 
 TYPED_TEST(CppFace, RealTransformsAreTheKernels)
 {
-    expectRealTransforms<Ccs, TypeParam>(Transform::ToCCS, Transform::FromCCS);
-    expectRealTransforms<Pack, TypeParam>(Transform::ToPack, Transform::FromPack);
-    expectRealTransforms<Perm, TypeParam>(Transform::ToPerm, Transform::FromPerm);
+    expectRealTransforms<Ccs, TypeParam>(ToCCS, FromCCS);
+    expectRealTransforms<Pack, TypeParam>(ToPack, FromPack);
+    expectRealTransforms<Perm, TypeParam>(ToPerm, FromPerm);
 }
 
 TYPED_TEST(CppFace, HartleyTransformsAreTheKernels)
 {
-    const RunTimeCall<TypeParam> atRunTime = [](auto x, auto X, Scale scale) {
-        return rvng::hartley(x, X, scale);
-    };
-    forEach<2, 64>([&](auto length) {
+    using T = TypeParam;
+    forEach<2>(std::make_index_sequence<63>{}, [](auto length) {
         constexpr std::size_t N = length;
-        expectKernel<TypeParam>(
-            kernelOf<TypeParam>(Transform::Hartley, N),
-            [](auto* x, auto* X, Scale scale) {
-                return rvng::hartley<N>(extent<N>(x), extent<N>(X), scale);
-            },
-            atRunTime);
+        expectKernel<T>(kernelOf<T>(Hartley, N), {CALL(hartley<N>), CALL(hartley)});
     });
+    expectRefusal<T>({{0, 0}, {1, 1}, {65, 65}, {8, 7}, {7, 8}, {64, 65}}, {CALL(hartley)});
+    std::array<T, 8> x = {};
+    EXPECT_EQ(rvng::hartley<8>(x, x, static_cast<Scale>(3)), Status::FlagError);
+    EXPECT_EQ(rvng::hartley(x, x, static_cast<Scale>(3)), Status::FlagError);
+    const std::span<T, 8> null(static_cast<T*>(nullptr), 8);
+    EXPECT_EQ(rvng::hartley<8>(x, null, Scale::None), Status::NullPointer);
 }
 
 // The work memory of the calls below, of the size that the caller wants.
@@ -152,65 +123,51 @@ std::vector<std::byte> buffer;
 
 TYPED_TEST(CppFace, WalshHadamardTransformsAreTheKernels)
 {
-    const RunTimeCall<TypeParam> unbuffered = [](auto x, auto X, Scale scale) {
-        return rvng::wht(x, X, scale);
-    };
-    const RunTimeCall<TypeParam> atRunTime = [](auto x, auto X, Scale scale) {
-        return rvng::wht(x, X, scale, buffer);
-    };
-    forEach<1, 13>([&](auto constant) {
+    using T = TypeParam;
+    const Call<T> buffered = [](auto x, auto X, Scale s) { return rvng::wht(x, X, s, buffer); };
+    forEach<1>(std::make_index_sequence<13>{}, [=](auto constant) {
         constexpr std::size_t order = constant, N = std::size_t{1} << order;
-        const auto& kernel = kernelOf<TypeParam>(Transform::WalshHadamard, order);
-        expectKernel<TypeParam>(
-            kernel,
-            [](auto* x, auto* X, Scale scale) {
-                return rvng::wht<order>(extent<N>(x), extent<N>(X), scale);
-            },
-            unbuffered);
-        const Call<TypeParam> inType = [](auto* x, auto* X, Scale scale) {
-            return rvng::wht<order>(extent<N>(x), extent<N>(X), scale, buffer);
-        };
+        const auto& kernel = kernelOf<T>(WalshHadamard, order);
         std::size_t bytes = 1;
-        EXPECT_EQ(rvng::whtBufferSize<TypeParam>(order, bytes), Status::NoError);
-        EXPECT_EQ(bytes, kernel.workElements() * sizeof(TypeParam));
+        EXPECT_EQ(rvng::whtBufferSize<T>(order, bytes), Status::NoError);
+        EXPECT_EQ(bytes, kernel.workElements() * sizeof(T));
         buffer.assign(bytes, std::byte{0xff});
-        expectKernel<TypeParam>(kernel, inType, atRunTime);
+        const Call<T> inType = [](auto x, auto X, Scale s) {
+            return rvng::wht<order>(x, X, s, buffer);
+        };
+        expectKernel<T>(kernel, {CALL(wht<order>), CALL(wht), inType, buffered});
         if (bytes == 0)
             return;
         buffer.pop_back();
-        const std::vector<TypeParam> x(N);
-        std::vector<TypeParam> out(N, 7);
-        EXPECT_EQ(inType(x.data(), out.data(), Scale::None), Status::SizeError);
-        EXPECT_EQ(atRunTime(x, out, Scale::None), Status::SizeError);
-        EXPECT_EQ(out, std::vector<TypeParam>(N, 7));
+        expectRefusal<T>({{N, N}}, {inType, buffered});
     });
+    expectRefusal<T>({{0, 0}, {1, 1}, {3, 3}, {48, 48}, {1 << 14, 1 << 14}, {8, 4}, {4, 8}},
+                     {CALL(wht), buffered});
+    std::size_t bytes = 5;
+    for (const std::size_t order : {std::size_t{0}, std::size_t{14}, (std::size_t{1} << 32) + 1})
+        EXPECT_EQ(rvng::whtBufferSize<T>(order, bytes), Status::SizeError);
+    EXPECT_EQ(bytes, 5u);
 }
 
-template <typename T> std::vector<T> dct4InC(const std::vector<T>& x)
-{
-    const auto run = [&x]<typename Spec>(Spec* spec, auto init, auto transform, auto free) {
-        std::vector<T> X(x.size());
-        EXPECT_EQ(init(&spec, static_cast<int>(x.size())), RvnStatusNoError);
-        EXPECT_EQ(transform(x.data(), X.data(), spec), RvnStatusNoError);
-        EXPECT_EQ(free(spec), RvnStatusNoError);
-        return X;
-    };
-    if constexpr (std::is_same_v<T, float>)
-        return run(static_cast<RvnDCT4Spec_32f*>(nullptr), rvngDCT4InitAlloc_32f, rvngDCT4_32f,
-                   rvngDCT4Free_32f);
-    else
-        return run(static_cast<RvnDCT4Spec_64f*>(nullptr), rvngDCT4InitAlloc_64f, rvngDCT4_64f,
-                   rvngDCT4Free_64f);
-}
+template <typename T>
+constexpr std::tuple inC(&rvngDCT4InitAlloc_64f, &rvngDCT4_64f, &rvngDCT4Free_64f);
+template <>
+constexpr std::tuple inC<float>(&rvngDCT4InitAlloc_32f, &rvngDCT4_32f, &rvngDCT4Free_32f);
 
 TYPED_TEST(CppFace, Dct4PlansAreThoseOfTheLibrary)
 {
-    using Plan = rvng::Dct4<TypeParam>;
+    using T = TypeParam;
+    using Plan = rvng::Dct4<T>;
+    const auto [init, transform, free] = inC<T>;
+    std::conditional_t<sizeof(T) == 4, RvnDCT4Spec_32f, RvnDCT4Spec_64f>* spec = nullptr;
     for (std::size_t N = 2; N <= 4096; N *= 2) {
-        const auto x = randomParts<TypeParam>(static_cast<int>(N), static_cast<unsigned>(N));
-        const auto X = dct4InC(x);
-        const auto expectResult = [&](Plan& plan) {
-            std::vector<TypeParam> out(N);
+        const auto x = randomParts<T>(static_cast<int>(N), static_cast<unsigned>(N));
+        std::vector<T> out, X(N);
+        EXPECT_EQ(init(&spec, static_cast<int>(N)), RvnStatusNoError);
+        EXPECT_EQ(transform(x.data(), X.data(), spec), RvnStatusNoError);
+        EXPECT_EQ(free(spec), RvnStatusNoError);
+        const auto expectResult = [&](auto&& plan) {
+            out.assign(N, nan<T>);
             EXPECT_TRUE(plan) << N;
             EXPECT_EQ(plan.size(), N);
             EXPECT_EQ(plan.run(x, out), Status::NoError) << N;
@@ -218,46 +175,39 @@ TYPED_TEST(CppFace, Dct4PlansAreThoseOfTheLibrary)
             EXPECT_EQ(plan.run(x, std::span(out).first(N - 1)), Status::SizeError);
             EXPECT_EQ(plan.run(std::span(x).first(N - 1), out), Status::SizeError);
         };
-        Plan allocated(N);
-        expectResult(allocated);
-
         std::size_t bytes = 0;
         ASSERT_EQ(Plan::blockSize(N, bytes), Status::NoError);
         std::vector<std::byte> block(bytes);
-        Plan inBlock(N, block);
-        expectResult(inBlock);
+        expectResult(Plan(N, block));
         EXPECT_EQ(Plan(N, std::span(block).first(bytes - 1)).status(), Status::SizeError);
 
+        Plan allocated(N);
+        expectResult(allocated);
         Plan moved(std::move(allocated));
         expectResult(moved);
         Plan assigned(2);
         assigned = std::move(moved);
         expectResult(assigned);
-        std::vector<TypeParam> out(N, 7);
         EXPECT_EQ(moved.status(), Status::NullPointer);
         EXPECT_EQ(moved.run(x, out), Status::NullPointer);
-        EXPECT_EQ(out, std::vector<TypeParam>(N, 7));
+        EXPECT_TRUE(haveSameBits(out, X)) << N;
     }
+    static_assert(!std::is_copy_constructible_v<Plan> && !std::is_copy_assignable_v<Plan>);
 }
 
 TYPED_TEST(CppFace, Dct4RefusesEverySizeThatIsNoServedPowerOfTwo)
 {
     using Plan = rvng::Dct4<TypeParam>;
-    for (const std::size_t N :
-         {std::size_t{0}, std::size_t{1}, std::size_t{3}, std::size_t{9}, std::size_t{17},
-          std::size_t{96}, 2 * Plan::largestSize, std::size_t{1} << 32, (std::size_t{1} << 32) + 2,
-          std::size_t(-1)}) {
+    std::size_t bytes = 5;
+    for (const std::size_t N : std::initializer_list<std::size_t>{
+             0, 1, 3, 9, 17, 96, 2 * Plan::largestSize, 1L << 32, (1L << 32) + 2}) {
         Plan plan(N);
         EXPECT_FALSE(plan);
         EXPECT_EQ(plan.status(), Status::SizeError) << N;
         EXPECT_EQ(plan.size(), 0u);
-        std::array<TypeParam, 2> x = {1, 2};
-        EXPECT_EQ(plan.run(x, x), Status::NullPointer);
-        std::size_t bytes = 5;
         EXPECT_EQ(Plan::blockSize(N, bytes), Status::SizeError) << N;
         EXPECT_EQ(bytes, 5u);
     }
-    std::size_t bytes = 0;
     EXPECT_EQ(Plan::blockSize(Plan::largestSize, bytes), Status::NoError);
     EXPECT_EQ(Plan().status(), Status::NullPointer);
 }
@@ -287,71 +237,6 @@ TEST(CppFace, TheVersionIsTheLibrarys)
 {
     EXPECT_EQ(&rvng::version(), rvngenGetLibVersion());
 }
-
-// ---- What does not fit -------------------------------------------------------------------------
-
-TYPED_TEST(CppFace, SpansThatDoNotFitAreRefusedAtRunTime)
-{
-    using Complex = std::complex<TypeParam>;
-    const auto expectRefusal = []<typename T>(std::size_t in, std::size_t out, T, auto transform) {
-        const std::vector<T> x(in);
-        std::vector<T> X(out, T{7});
-        EXPECT_EQ(transform(x, X), Status::SizeError) << in << " " << out;
-        EXPECT_EQ(X, std::vector<T>(out, T{7}));
-    };
-    const auto s = Scale::None;
-    for (const auto& [in, out] : std::vector<std::pair<std::size_t, std::size_t>>{
-             {0, 0}, {1, 1}, {65, 65}, {8, 7}, {7, 8}, {0, 8}, {8, 0}, {64, 65}}) {
-        expectRefusal(in, out, Complex{},
-                      [s](auto& x, auto& X) { return rvng::dftForward(x, X, s); });
-        expectRefusal(in, out, Complex{},
-                      [s](auto& x, auto& X) { return rvng::dftInverse(x, X, s); });
-        expectRefusal(in, out, TypeParam{},
-                      [s](auto& x, auto& X) { return rvng::dftForward<Pack>(x, X, s); });
-        expectRefusal(in, out, TypeParam{},
-                      [s](auto& x, auto& X) { return rvng::dftInverse<Perm>(x, X, s); });
-        expectRefusal(in, out, TypeParam{},
-                      [s](auto& x, auto& X) { return rvng::hartley(x, X, s); });
-    }
-    for (const auto& [signal, spectrum] : std::vector<std::pair<std::size_t, std::size_t>>{
-             {8, 8}, {8, 9}, {7, 7}, {7, 9}, {1, 2}, {65, 66}, {0, 2}}) {
-        expectRefusal(signal, spectrum, TypeParam{},
-                      [s](auto& x, auto& X) { return rvng::dftForward<Ccs>(x, X, s); });
-        expectRefusal(spectrum, signal, TypeParam{},
-                      [s](auto& x, auto& X) { return rvng::dftInverse<Ccs>(x, X, s); });
-    }
-    for (const auto& [in, out] : std::vector<std::pair<std::size_t, std::size_t>>{
-             {0, 0}, {1, 1}, {3, 3}, {48, 48}, {1 << 14, 1 << 14}, {8, 4}, {4, 8}})
-        expectRefusal(in, out, TypeParam{}, [s](auto& x, auto& X) { return rvng::wht(x, X, s); });
-    std::size_t bytes = 5;
-    for (const std::size_t order : {std::size_t{0}, std::size_t{14}, std::size_t{1} << 32})
-        EXPECT_EQ(rvng::whtBufferSize<TypeParam>(order, bytes), Status::SizeError);
-    EXPECT_EQ(bytes, 5u);
-}
-
-TYPED_TEST(CppFace, StatusesOfTheCFunctionsAreHandedOn)
-{
-    std::array<TypeParam, 8> x = {};
-    std::array<TypeParam, 8> X = {};
-    EXPECT_EQ(rvng::hartley<8>(x, X, static_cast<Scale>(3)), Status::FlagError);
-    EXPECT_EQ(rvng::hartley(x, X, static_cast<Scale>(3)), Status::FlagError);
-    TypeParam* const null = nullptr;
-    EXPECT_EQ(rvng::hartley<8>(x, std::span<TypeParam, 8>(null, 8), Scale::None),
-              Status::NullPointer);
-}
-
-template <typename T>
-concept HasDct4 = requires
-{
-    typename rvng::Dct4<T>;
-};
-
-static_assert(HasDct4<float> && HasDct4<double> && !HasDct4<long double> && !HasDct4<int>);
-
-static_assert(!std::is_copy_constructible_v<rvng::Dct4<float>>);
-static_assert(!std::is_copy_assignable_v<rvng::Dct4<float>>);
-static_assert(std::is_nothrow_move_constructible_v<rvng::Dct4<float>>);
-static_assert(std::is_nothrow_move_assignable_v<rvng::Dct4<double>>);
 
 } // namespace
 
