@@ -127,13 +127,16 @@ TEST_F(Hadamard, RefusesBadInputInOneLine)
     const std::string good = content("good.png");
     // The checksum before the last chunk.
     put("damaged.png", std::string(good).replace(good.size() - 16, 4, "text"));
-    expectRefusals({{"-k nan good.png", "above 0 to 1"},
+    expectRefusals({{"", "PICTURE is required"},
+                    {"-b 14 good.png", "1 to 13"},
+                    {"-k nan good.png", "above 0 to 1"},
                     {"$'two\\nlines.png'", "No such file"},
                     {"damaged.png", "no complete PNG"},
                     {"-b 13 wide.png", "8192 x 8192"},
                     {"good.png -o good.png", "is the input"}});
     EXPECT_EQ(content("good.png"), good);
     expectOldFilesKept("good.png -o older.png", 1, {"older.png"});
+    expectHelp({"--block", "--keep"});
 }
 
 } // namespace

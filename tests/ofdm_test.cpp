@@ -87,6 +87,13 @@ TEST_F(Ofdm, NoNoiseHarmsNoPictureAndEqualSeedsGiveEqualResults)
     };
     EXPECT_TRUE(outcome("--seed 5") == outcome("--seed 5"));
     EXPECT_FALSE(outcome("--seed 5") == outcome("--seed 6"));
+    const RunResult spread = run(send + "--ber rates.png -s 24 -n 12");
+    EXPECT_LT(spread.number("([0-9.]+) dB for DFT-spread") + 1.5,
+              spread.number("([0-9.]+) dB above the mean for OFDM"));
+    std::ostringstream point; // the bit error rate of this run
+    point << "$run << END\n12 "
+          << spread.number("bit errors +([0-9]+) of") / spread.number("bit errors .* of ([0-9]+)");
+    EXPECT_NE(script().find(point.str().substr(0, 22)), std::string::npos) << point.str();
 }
 
 TEST_F(Ofdm, RefusesWhatItCannotDoInOneLine)
@@ -98,6 +105,7 @@ TEST_F(Ofdm, RefusesWhatItCannotDoInOneLine)
                     {"in.png --ber a.png --constellation a.png", "a name of its own"},
                     {"in.png --ber in.png", "is the input"},
                     {"deep.png", "16 bits"}});
+    expectHelp({"--modulation", "--spread", "--snr", "--channel", "--seed", "--ber"});
 }
 
 } // namespace
