@@ -104,8 +104,6 @@ TEST_F(Mdct, RefusesBadInputInOneLine)
     expectRefusals({{"faint.wav", "120 dB is due"},
                     {"-n 1025 good.wav", "power of two, not 1025"},
                     {"-k 0 good.wav", "above 0 to 1"},
-                    {"-w hann good.wav", "sine, kbd, not 'hann'"},
-                    {"-p nowhere/out.png good.wav", "cannot write 'nowhere/out.png'"},
                     {"-o ./good.wav good.wav", "is the input; the rebuilt"},
                     {"-p ./good.wav good.wav", "is the input; the picture"},
                     {"-o same -p ./same good.wav", "cannot write './same'"}});
