@@ -23,9 +23,10 @@ struct Convolve : SoundProgramTest {
     // are printed say the same.
     void expectConvolution(const Signal& input, const Signal& response, double tolerance = 0.01)
     {
+        SCOPED_TRACE(testing::Message() << response.size() << " taps, " << input.size());
         std::vector<long double> exact(input.size() + response.size() - 1);
         for (std::size_t k = 0; k < response.size(); ++k)
-            for (std::size_t n = 0; response[k] != 0 && n < input.size(); ++n)
+            for (std::size_t n = 0; n < input.size(); ++n)
                 exact[n + k] += static_cast<long double>(input[n]) * response[k];
         write("response.wav", {response});
         const auto output = processed({input, Signal(input.size())}, "--response response.wav");
@@ -46,20 +47,16 @@ struct Convolve : SoundProgramTest {
 TEST_F(Convolve, WritesTheFullConvolution)
 {
     for (const std::size_t taps : {1, 32, 33, 34, 65, 66, 257})
-        for (const std::size_t samples : {1, 31, 32, 33, 20000}) {
-            SCOPED_TRACE(testing::Message() << taps << " taps, " << samples << " samples");
+        for (const std::size_t samples : {1, 31, 32, 33, 20000})
             expectConvolution(noise(samples, 1), noise(taps, 7));
-        }
     // A billion products and more: the program looks at a part of them, and says so.
-    Signal sparse(8000, 0);
-    sparse.front() = sparse.back() = 0.7f;
-    expectConvolution(noise(130000, 1), sparse, 0.1);
+    expectConvolution(noise(130000, 1), noise(8000, 3), 0.1);
     EXPECT_EQ(result_.found("([0-9]+) % of the output compared"), "50");
 
     put("response.txt", "0.5, -0.25\n\t1e-1\r\n\n+0 2");
     write("response.wav", {{0.5f, -0.25f, 0.1f, 0, 2}});
-    const std::vector<Signal> in = {noise(500, 1)};
-    EXPECT_EQ(processed(in, "--response response.txt"), processed(in, "--response response.wav"));
+    EXPECT_EQ(processed({{1}}, "--response response.txt"),
+              processed({{1}}, "--response response.wav"));
 }
 
 TEST_F(Convolve, DesignedResponsesPassAndStop)
@@ -82,24 +79,21 @@ TEST_F(Convolve, DesignedResponsesPassAndStop)
         for (const double hertz : stopped)
             EXPECT_LE(std::abs(gain(hertz)), 0.01) << arguments << ' ' << hertz;
     }
-    EXPECT_EQ(run("--lowpass 2450 in.wav").err, "");
-    for (const auto& [band, needed] : {std::pair("--lowpass 10", " 7921 taps\n"),
-                                       {"--highpass 23900 --taps 257", " 793 taps\n"},
-                                       {"--bandpass 3000,3500 --taps 257", " 317 taps\n"}}) {
+    for (const auto& [band, needed] :
+         {std::pair("--lowpass 10", "it takes 7921 taps\n"),
+          {"--highpass 23900 --taps 257", "it takes 793 taps\n"},
+          {"--bandpass 3000,3500 --taps 257", "it takes 317 taps\n"}}) {
         const RunResult result = run(band + std::string(" in.wav"));
-        EXPECT_TRUE(result.status == 0 && result.err.starts_with("convolve: warning: ") &&
-                    result.err.ends_with(needed))
-            << result.err;
+        EXPECT_TRUE(result.status == 0 && result.err.ends_with(needed)) << result.err;
     }
 }
 
 // A tone before and after, in the data that gnuplot gets.
 TEST_F(Convolve, DrawsLevelsBeforeAndAfter)
 {
-    Signal two = tone(20000, 1010.0 / sampleRate, 0.5, 0);
-    std::ranges::transform(two, tone(20000, 15030.0 / sampleRate, 0.05, 0), two.begin(),
-                           std::plus<>());
-    processed({two}, "--lowpass 8000 -p picture.png");
+    Signal two = tone(20000, 0.021, 0.5, 0), high = tone(20000, 0.313, 0.05, 0);
+    std::ranges::transform(two, high, two.begin(), std::plus<>());
+    processed({two}, "--lowpass 2450 -p picture.png"); // with no more taps than it takes
     const auto levelNear = [text = script()](const char* table, double hertz) {
         std::istringstream rows(text.substr(text.find('\n', text.find(table))));
         double level = -200;
@@ -116,20 +110,18 @@ TEST_F(Convolve, DrawsLevelsBeforeAndAfter)
 TEST_F(Convolve, RefusesBadInputInOneLine)
 {
     write("good.wav", {noise(5000, 1)});
-    write("stereo.wav", {noise(500, 1), noise(500, 2)});
-    write("faint.wav", {noise(500, 1, 2e-43f)}); // where binary32 has few digits left
+    write("faint.wav", {noise(500, 1, 2e-43f), Signal(500)}); // where binary32 has few digits left
     put("words.txt", "0.5 half 0.5");
     const std::string goodBefore = content("good.wav");
     expectRefusals({{"--lowpass 4000 faint.wav", "differs from direct convolution"},
                     {"--lowpass 24000 good.wav", "24000 Hz is not below half the sample rate"},
                     {"--bandpass 2000,1000 good.wav", "must begin below its end"},
                     {"--lowpass 1000 --taps 32 good.wav", "must be odd"},
-                    {"--response stereo.wav --taps 5 good.wav", "--taps is for designed"},
-                    {"--response stereo.wav good.wav", "a response has one"},
+                    {"--response faint.wav good.wav", "a response has one"},
                     {"--response words.txt good.wav", "'half' is not a number"},
                     {"--lowpass 1000 --highpass 2000 good.wav", "only one of --lowpass"},
                     {"--lowpass 1000 -o ./good.wav good.wav", "is the input"},
-                    {"--response good.wav -o good.wav stereo.wav", "is the response"}});
+                    {"--response good.wav -o good.wav faint.wav", "is the response"}});
     EXPECT_EQ(content("good.wav"), goodBefore);
     expectOldFilesKept("--lowpass 4000 good.wav", 8, {"good.filtered.wav"});
     expectHelp({"--lowpass", "--highpass", "--bandpass", "--taps", "--response"});

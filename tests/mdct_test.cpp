@@ -79,12 +79,11 @@ TEST_F(Mdct, RebuildsAnyLengthFromAllCoefficients)
 // A tone in the last quarter of the left channel, with noise that is too weak to be kept.
 TEST_F(Mdct, DrawsWhatWasKeptAtItsPlace)
 {
-    constexpr std::size_t samples = 200000; // four frames a pixel
-    constexpr double bin = 16.5;
-    Signal left = noise(samples, 1, 1e-3f), burst = tone(samples, bin / 128, 0.5, 1);
-    for (std::size_t n = samples * 3 / 4; n < samples; ++n)
+    constexpr double bin = 16.5; // of 64, and four frames a pixel
+    Signal left = noise(200000, 1, 1e-3f), burst = tone(200000, bin / 128, 0.5, 1);
+    for (std::size_t n = 150000; n < 200000; ++n)
         left[n] += burst[n];
-    processed({left, Signal(samples)}, "-n 64 -k 0.005");
+    processed({left, Signal(200000)}, "-n 64 -k 0.005");
     const std::vector<PanelLevels> drawn = panels();
     ASSERT_EQ(drawn.size(), 2u);
     for (const double time : {0.77, 0.9, 0.98}) {
@@ -104,8 +103,6 @@ TEST_F(Mdct, RefusesBadInputInOneLine)
     expectRefusals({{"faint.wav", "120 dB is due"},
                     {"-n 1025 good.wav", "power of two, not 1025"},
                     {"-k 0 good.wav", "above 0 to 1"},
-                    {"-w hann good.wav", "sine, kbd, not 'hann'"},
-                    {"-p nowhere/out.png good.wav", "cannot write 'nowhere/out.png'"},
                     {"-o ./good.wav good.wav", "is the input; the rebuilt"},
                     {"-p ./good.wav good.wav", "is the input; the picture"},
                     {"-o same -p ./same good.wav", "cannot write './same'"}});
