@@ -112,6 +112,7 @@ TEST_F(Convolve, RefusesBadInputInOneLine)
     write("good.wav", {noise(5000, 1)});
     write("faint.wav", {noise(500, 1, 2e-43f), Signal(500)}); // where binary32 has few digits left
     put("words.txt", "0.5 half 0.5");
+    put("blank.txt", " \n");
     const std::string goodBefore = content("good.wav");
     expectRefusals({{"--lowpass 4000 faint.wav", "differs from direct convolution"},
                     {"--lowpass 24000 good.wav", "24000 Hz is not below half the sample rate"},
@@ -119,6 +120,9 @@ TEST_F(Convolve, RefusesBadInputInOneLine)
                     {"--lowpass 1000 --taps 32 good.wav", "must be odd"},
                     {"--response faint.wav good.wav", "a response has one"},
                     {"--response words.txt good.wav", "'half' is not a number"},
+                    {"--response blank.txt good.wav", "no numbers"},
+                    {"--response words.txt --taps 5 good.wav", "--taps is for designed"},
+                    {"--lowpass 1000 --taps 8193 good.wav", "from 3 to 8191"},
                     {"--lowpass 1000 --highpass 2000 good.wav", "only one of --lowpass"},
                     {"--lowpass 1000 -o ./good.wav good.wav", "is the input"},
                     {"--response good.wav -o good.wav faint.wav", "is the response"}});

@@ -165,18 +165,25 @@ TEST_F(Spectrogram, RefusesBadInputInOneLine)
 {
     write("good.wav", {tone(500, 0.1, 0.5, 0)});
     write("short.wav", {Signal(1)});
+    write("three.wav", {Signal(500), Signal(500), Signal(500)});
+    write("nan.wav", {Signal(500, NAN)});
+    put("empty.wav", "");
     put("text.wav", "This is no audio.\n");
     ASSERT_EQ(mkfifo(path("pipe").c_str(), 0600), 0);
     const std::string goodBefore = content("good.wav");
     expectRefusals({
         {"'two\nlines.wav'", "no such file"},
         {"text.wav", "cannot be read as audio"},
+        {"empty.wav", "is empty"},
+        {"nan.wav", "not finite"},
+        {"three.wav", "3 channels"},
         {"short.wav", "1 sample, fewer than one frame of 64"},
         {"--iq good.wav", "two channels"},
         {"-n 65 good.wav", "from 2 to 64"},
         {"-n 16 --hop 17 good.wav", "from 1 to 16"},
         {"--frobnicate good.wav", "--frobnicate"},
         {"good.wav good.wav", "not expected: good.wav"},
+        {"-o nowhere/out.png good.wav", "cannot write 'nowhere/out.png'"},
         {"-o pipe good.wav", "not a plain file"},
         {"-o good.wav good.wav", "is the input"},
     });
