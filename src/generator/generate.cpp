@@ -5,7 +5,6 @@
 #include "generator/text/function_text.h"
 
 #include <algorithm>
-#include <numeric>
 #include <set>
 #include <sstream>
 
@@ -57,7 +56,7 @@ Costs costsOf(const Kernel& kernel, const ScheduledGraphs& graphs)
     return costs;
 }
 
-// "208 additions, 116 multiplications (36 by S), 10 negated outputs; order: ..."
+// "208 additions, 116 multiplications, 10 negated outputs.", then the order.
 std::string inWords(const Kernel& kernel, const Costs& costs)
 {
     const Tally& row = kernel.row;

@@ -12,8 +12,6 @@
 #include "generator/passes/finished.h"
 #include "generator/transforms/roots.h"
 
-#include <algorithm>
-
 namespace rvn::generator
 {
 

@@ -34,9 +34,6 @@ struct ComplexPlan {
     int multiplications;
 };
 
-inline constexpr int lowestLength = 2;
-inline constexpr int highestLength = 64;
-
 std::span<const ComplexPlan> complexPlans(); // lengths 2 to 64
 
 // Both throw std::runtime_error for a length without a row.

@@ -233,8 +233,9 @@ constexpr bool isSplitOf(int length, const RealStage& stage)
 
 constexpr bool isWhole(const auto& table)
 {
-    return std::size(table) == 63 && std::ranges::all_of(table, [&](const auto& row) {
-               return isSplitOf(2 + static_cast<int>(&row - table), row.stage);
+    return std::size(table) == highestLength - lowestLength + 1 &&
+           std::ranges::all_of(table, [&](const auto& row) {
+               return isSplitOf(lowestLength + static_cast<int>(&row - table), row.stage);
            });
 }
 

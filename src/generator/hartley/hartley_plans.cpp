@@ -2,6 +2,8 @@
 
 #include "generator/hartley/hartley_plans.h"
 
+#include "generator/transforms/method.h"
+
 #include <algorithm>
 
 namespace rvn::generator
@@ -82,9 +84,9 @@ constexpr HartleyPlan plans[] = {
 // clang-format on
 
 static_assert(std::ranges::all_of(plans, [](const HartleyPlan& row) {
-    return row.length == 2 + (&row - plans);
+    return row.length == lowestLength + (&row - plans);
 }));
-static_assert(std::size(plans) == 63);
+static_assert(std::size(plans) == highestLength - lowestLength + 1);
 
 } // namespace
 

@@ -8,6 +8,9 @@
 namespace rvn::generator
 {
 
+inline constexpr int lowestLength = 2; // of the plan tables
+inline constexpr int highestLength = 64;
+
 enum class Method { Butterfly, Direct, CooleyTukey, GoodThomas, Rader };
 
 constexpr bool isOddPrime(int length)
